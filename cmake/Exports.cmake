@@ -1,0 +1,31 @@
+# The shared library exports exactly the functions declared in include/orv.h.
+# The names are read from the header, and a linker version script (ELF) or a
+# module-definition file (PE) keeps everything else, including the statically
+# linked compiler runtimes, out of the export table.
+file(STRINGS ${PROJECT_SOURCE_DIR}/include/orv.h ORV_API_LINES REGEX "^ORV_API ")
+set(ORV_EXPORT_NAMES "")
+foreach(line IN LISTS ORV_API_LINES)
+  if(line MATCHES "^ORV_API [a-z ]+[ *]([a-z0-9_]+)\\(")
+    list(APPEND ORV_EXPORT_NAMES ${CMAKE_MATCH_1})
+  endif()
+endforeach()
+list(LENGTH ORV_EXPORT_NAMES ORV_EXPORT_COUNT)
+if(NOT ORV_EXPORT_COUNT EQUAL 77)
+  message(FATAL_ERROR "include/orv.h declares ${ORV_EXPORT_COUNT} exports, expected 77")
+endif()
+
+function(orv_limit_exports target)
+  if(WIN32)
+    set(def "${CMAKE_BINARY_DIR}/orv.def")
+    list(JOIN ORV_EXPORT_NAMES "\n  " body)
+    file(WRITE ${def} "LIBRARY orv.dll\nEXPORTS\n  ${body}\n")
+    target_sources(${target} PRIVATE ${def})
+    target_link_options(${target} PRIVATE -Wl,--exclude-all-symbols)
+  else()
+    set(map "${CMAKE_BINARY_DIR}/orv.map")
+    list(JOIN ORV_EXPORT_NAMES ";\n    " body)
+    file(WRITE ${map} "{\n  global:\n    ${body};\n  local: *;\n};\n")
+    target_link_options(${target} PRIVATE -Wl,--version-script=${map} -Wl,--no-undefined)
+    set_target_properties(${target} PROPERTIES LINK_DEPENDS ${map})
+  endif()
+endfunction()

@@ -1,0 +1,114 @@
+// Shared helpers of the test programs: deterministic data, strided vector
+// addressing and guard bands around every output.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <complex>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <vector>
+
+#include "orv.h"
+
+namespace orvtest {
+
+using zcomplex = std::complex<double>;
+
+// Deterministic values in [-1, 1). full() uses all 53 bits, so that sums in
+// another order give other bits; coarse() keeps 12 significant bits, so that
+// short sums of products are exact and a reference needs no tolerance.
+class Rng {
+public:
+    explicit Rng(std::uint64_t seed = 1) : state_(seed * 0x9E3779B97F4A7C15ull + 1) {}
+    std::uint64_t bits()
+    {
+        state_ ^= state_ << 13;
+        state_ ^= state_ >> 7;
+        state_ ^= state_ << 17;
+        return state_;
+    }
+    double full() { return static_cast<double>(bits() >> 11) * 0x1p-52 - 1.0; }
+    double coarse() { return static_cast<double>(static_cast<std::int64_t>(bits() >> 52) - 2048) * 0x1p-11; }
+    zcomplex zfull() { const double re = full(); return {re, full()}; }
+    zcomplex zcoarse() { const double re = coarse(); return {re, coarse()}; }
+
+private:
+    std::uint64_t state_;
+};
+
+// Storage index of logical element i of a vector of n elements with
+// increment inc; a negative increment walks from the far end.
+inline std::size_t vec_index(long n, long inc, long i)
+{
+    return static_cast<std::size_t>(inc >= 0 ? i * inc : (n - 1 - i) * -inc);
+}
+// Elements a strided vector spans.
+inline std::size_t vec_span(long n, long inc)
+{
+    return n <= 0 ? 0 : static_cast<std::size_t>(1 + (n - 1) * (inc < 0 ? -inc : inc));
+}
+
+// A quiet NaN with a payload no computation produces: a guard value.
+inline double guard_value()
+{
+    const std::uint64_t bits = 0x7ff8dead0badf00dull;
+    double d;
+    std::memcpy(&d, &bits, sizeof d);
+    return d;
+}
+inline bool same_bits(double a, double b) { return std::memcmp(&a, &b, sizeof a) == 0; }
+inline bool same_bits(zcomplex a, zcomplex b) { return std::memcmp(&a, &b, sizeof a) == 0; }
+
+// An array with guard elements before and after its n elements. Elements
+// between strided entries (or below a leading dimension) are filled with the
+// guard value too by fill_guard(), so untouched() also proves that a routine
+// wrote nothing between the elements it owns.
+template <typename T>
+class Guarded {
+public:
+    static constexpr std::size_t kPad = 16;
+
+    explicit Guarded(std::size_t n) : buf_(n + 2 * kPad), n_(n) { fill_guard(); }
+
+    T* data() { return buf_.data() + kPad; }
+    const T* data() const { return buf_.data() + kPad; }
+    std::size_t size() const { return n_; }
+    T& operator[](std::size_t i) { return data()[i]; }
+    const T& operator[](std::size_t i) const { return data()[i]; }
+
+    void fill_guard()
+    {
+        for (auto& v : buf_) v = guard();
+    }
+    // A snapshot to compare against after a call that must not write.
+    std::vector<T> snapshot() const { return buf_; }
+    bool equals(const std::vector<T>& snap) const
+    {
+        return std::memcmp(snap.data(), buf_.data(), buf_.size() * sizeof(T)) == 0;
+    }
+    // True when both guard bands are intact.
+    ::testing::AssertionResult guards_intact() const
+    {
+        for (std::size_t i = 0; i < kPad; ++i) {
+            if (!same_bits(buf_[i], guard()))
+                return ::testing::AssertionFailure() << "guard written at element " << static_cast<long>(i - kPad);
+            if (!same_bits(buf_[kPad + n_ + i], guard()))
+                return ::testing::AssertionFailure() << "guard written at element " << n_ + i;
+        }
+        return ::testing::AssertionSuccess();
+    }
+
+private:
+    static T guard();
+    std::vector<T> buf_;
+    std::size_t n_;
+};
+
+template <>
+inline double Guarded<double>::guard() { return guard_value(); }
+template <>
+inline zcomplex Guarded<zcomplex>::guard() { return {guard_value(), guard_value()}; }
+
+}  // namespace orvtest
