@@ -1,0 +1,55 @@
+// POSIX platform services: plain stdio, _exit, sched_yield, CLOCK_MONOTONIC.
+
+#include "service/platform.h"
+
+#include <sched.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+
+namespace orv::platform {
+
+int read_env(const char* name, char* buf, int size)
+{
+    if (size > 0) buf[0] = '\0';
+    const char* value = std::getenv(name);
+    if (value == nullptr) return 0;
+    const std::size_t length = std::strlen(value);
+    if (size > 0) {
+        const std::size_t copied = length < static_cast<std::size_t>(size) ? length : static_cast<std::size_t>(size - 1);
+        std::memcpy(buf, value, copied);
+        buf[copied] = '\0';
+    }
+    return length > 0x7fffffff ? 0x7fffffff : static_cast<int>(length);
+}
+
+void write_stdout(const char* text) { std::fputs(text, stdout); }
+
+int flush_all() { return std::fflush(nullptr); }
+
+// No message modules on this platform: the built-in texts are the output.
+bool localized_message(int, char*, int) { return false; }
+
+const char* system_name() { return "Lnx"; }
+
+void terminate_process(int code) { _exit(code); }
+
+void yield_processor() { sched_yield(); }
+
+std::int64_t reference_ticks()
+{
+    timespec ts{};
+    if (clock_gettime(CLOCK_MONOTONIC, &ts) != 0) return 0;
+    return static_cast<std::int64_t>(ts.tv_sec) * 1000000000 + ts.tv_nsec;
+}
+
+std::int64_t reference_ticks_per_second() { return 1000000000; }
+
+long coarse_ticks() { return static_cast<long>(std::clock()); }
+
+long coarse_ticks_per_second() { return static_cast<long>(CLOCKS_PER_SEC); }
+
+}  // namespace orv::platform
