@@ -1,0 +1,130 @@
+// dsymm_, zsymm_ and zhemm_ against a plain reference. Only the named triangle
+// of A holds numbers (the other one is NaN), and zhemm_'s diagonal has NaN
+// imaginary parts, which the routine must ignore.
+#include "level3_test.h"
+
+namespace l3test {
+namespace {
+
+enum class Sym { dsymm, zsymm, zhemm };
+
+template <typename T>
+struct SymmCase {
+    Sym routine;
+    char side, uplo;
+    int m, n;
+    T alpha, beta;
+    int pad;
+    Poison poison;
+    bool hermitian() const { return routine == Sym::zhemm; }
+    std::string describe() const
+    {
+        static const char* names[] = {"dsymm", "zsymm", "zhemm"};
+        return std::string(names[int(routine)]) + " " + side + uplo + " m=" + std::to_string(m) +
+               " n=" + std::to_string(n) + " alpha=" + show(alpha) + " beta=" + show(beta) +
+               " pad=" + std::to_string(pad) + poison_name(poison);
+    }
+};
+
+void call(const SymmCase<double>& t, const double* a, int lda, const double* b, int ldb, double* c, int ldc)
+{
+    dsymm_(&t.side, &t.uplo, &t.m, &t.n, &t.alpha, a, &lda, b, &ldb, &t.beta, c, &ldc);
+}
+void call(const SymmCase<zcomplex>& t, const zcomplex* a, int lda, const zcomplex* b, int ldb, zcomplex* c, int ldc)
+{
+    auto routine = t.hermitian() ? zhemm_ : zsymm_;
+    routine(&t.side, &t.uplo, &t.m, &t.n, &t.alpha, a, &lda, b, &ldb, &t.beta, c, &ldc);
+}
+
+// Element (r, c) of the whole matrix, built from the stored triangle only.
+template <typename T>
+T full_at(const Mat<T>& a, bool upper, bool herm, int r, int c)
+{
+    if (r == c) return herm ? real_part(a.at(r, r)) : a.at(r, r);
+    if (upper ? r < c : r > c) return a.at(r, c);
+    return conj_if(herm, a.at(c, r));
+}
+
+template <typename T>
+::testing::AssertionResult run_case(const SymmCase<T>& t)
+{
+    Rng rng(t.m * 7919 + t.n * 31 + t.pad + int(t.routine));
+    const bool left = std::toupper(t.side) == 'L', upper = std::toupper(t.uplo) == 'U';
+    const int order = left ? t.m : t.n;
+    Mat<T> a(order, order, t.pad);
+    Mat<T> b(t.m, t.n, t.pad + 1);
+    Mat<T> c(t.m, t.n, t.pad + 2);
+    if (t.alpha != T(0)) {
+        using D = typename Mat<T>::Diagonal;
+        a.fill_triangle(rng, upper, t.hermitian() ? D::real_only : D::random);
+        b.fill(rng);
+    }
+    if (t.beta != T(0)) c.fill(rng);
+    if (t.poison == Poison::a) a.poison(rng, [&](int i, int j) { return upper ? i <= j : i >= j; });
+    if (t.poison == Poison::b) b.poison(rng, [](int, int) { return true; });
+
+    Expectation<T> e(t.m, t.n, order);
+    if (t.m == 0 || t.n == 0 || (t.alpha == T(0) && t.beta == T(1))) e.kind = Expectation<T>::Kind::untouched;
+    else
+        for (int j = 0; j < t.n; ++j)
+            for (int i = 0; i < t.m; ++i) {
+                T v = 0;
+                double mag = 0;
+                if (t.beta != T(0)) {
+                    v = t.beta * c.at(i, j);
+                    mag = abs1(t.beta) * abs1(c.at(i, j));
+                }
+                if (t.alpha != T(0)) {
+                    T sum = 0;
+                    double sum_mag = 0;
+                    for (int l = 0; l < order; ++l) {
+                        const T x = left ? full_at(a, upper, t.hermitian(), i, l) : b.at(i, l);
+                        const T y = left ? b.at(l, j) : full_at(a, upper, t.hermitian(), l, j);
+                        sum += x * y;
+                        sum_mag += abs1(x) * abs1(y);
+                    }
+                    v += t.alpha * sum;
+                    mag += abs1(t.alpha) * sum_mag;
+                }
+                e.value[e.index(i, j)] = v;
+                e.mag[e.index(i, j)] = mag;
+            }
+
+    const auto a0 = a.buf.snapshot(), b0 = b.buf.snapshot(), c0 = c.buf.snapshot();
+    call(t, a.data(), a.ld, b.data(), b.ld, c.data(), c.ld);
+    if (!a.buf.equals(a0) || !b.buf.equals(b0)) return ::testing::AssertionFailure() << "an input was written";
+    return matches(c, c0, e);
+}
+
+template <typename T>
+std::vector<SymmCase<T>> cases(Sym routine)
+{
+    const auto s = scalars<T>();
+    std::vector<SymmCase<T>> out;
+    int index = 0;
+    for (char side : {'L', 'R'})
+        for (char uplo : {'U', 'L'}) {
+            auto add = [&](int m, int n, T alpha, T beta, Poison p) {
+                const bool lower = (index / 16) % 2 == 1;
+                out.push_back({routine, letter(side, lower), letter(uplo, lower), m, n, alpha, beta, index % 3, p});
+                ++index;
+            };
+            for (int m : small_sizes())
+                for (int n : small_sizes())
+                    for (int repeat = 0; repeat < 2; ++repeat)
+                        add(m, n, s[index % 4], s[(index / 4) % 4], Poison::none);
+            for (const Shape3& sh : large_shapes()) add(sh.m, sh.n, s[index % 4], s[(index / 4) % 4], Poison::none);
+            for (Poison p : {Poison::a, Poison::b}) {
+                add(6, 5, s[3], s[index % 4], p);
+                add(17, 9, s[3], s[index % 4], p);
+            }
+        }
+    return out;
+}
+
+TEST(Symm, RealMatchesReference) { run_table(cases<double>(Sym::dsymm), run_case<double>); }
+TEST(Symm, ComplexSymmetricMatchesReference) { run_table(cases<zcomplex>(Sym::zsymm), run_case<zcomplex>); }
+TEST(Symm, HermitianMatchesReference) { run_table(cases<zcomplex>(Sym::zhemm), run_case<zcomplex>); }
+
+}  // namespace
+}  // namespace l3test
