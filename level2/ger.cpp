@@ -1,0 +1,47 @@
+// General rank-1 update A := alpha * x * y^T + A (y conjugated for zgerc).
+
+#include "level2/level2.h"
+#include "level2/support.h"
+
+namespace orv::l2 {
+namespace {
+
+template <bool Conj, typename T>
+void rank1(i64 m, i64 n, T alpha, const T* x, i64 incx, const T* y, i64 incy, T* a, i64 lda)
+{
+    if (m <= 0 || n <= 0 || is_zero(alpha)) return;
+    const Strided<const T> xv = strided(x, m, incx);
+    const Strided<const T> yv = strided(y, n, incy);
+    for (i64 j = 0; j < n; ++j) {
+        // A zero y(j) leaves its column alone, even where x holds NaN or infinity.
+        if (is_zero(yv[j])) continue;
+        const T t = alpha * cj<Conj>(yv[j]);
+        T* col = a + j * lda;
+        for (i64 i = 0; i < m; ++i) col[i] = col[i] + xv[i] * t;
+    }
+}
+
+}  // namespace
+}  // namespace orv::l2
+
+namespace orv::cnr {
+
+void dger(const i64* m, const i64* n, const double* alpha, const double* x, const i64* incx, const double* y,
+          const i64* incy, double* a, const i64* lda)
+{
+    l2::rank1<false>(*m, *n, *alpha, x, *incx, y, *incy, a, *lda);
+}
+
+void zgeru(const i64* m, const i64* n, const dcomplex* alpha, const dcomplex* x, const i64* incx, const dcomplex* y,
+           const i64* incy, dcomplex* a, const i64* lda)
+{
+    l2::rank1<false>(*m, *n, *alpha, x, *incx, y, *incy, a, *lda);
+}
+
+void zgerc(const i64* m, const i64* n, const dcomplex* alpha, const dcomplex* x, const i64* incx, const dcomplex* y,
+           const i64* incy, dcomplex* a, const i64* lda)
+{
+    l2::rank1<true>(*m, *n, *alpha, x, *incx, y, *incy, a, *lda);
+}
+
+}  // namespace orv::cnr

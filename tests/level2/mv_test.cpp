@@ -1,0 +1,136 @@
+// y := alpha * op(A) * x + beta * y for the general, symmetric and Hermitian
+// routines in full, band and packed storage, against a dense model.
+
+#include "level2_test.h"
+
+namespace l2test {
+namespace {
+
+// One call: op is 'N', 'T' or 'C' for the model; `call` runs the export on
+// (a, x, y). Coarse data keep every sum exact, so the check has no tolerance.
+template <typename T, typename Call>
+::testing::AssertionResult check_mv(Rng& rng, Matrix<T>& a, Meaning meaning, char op, long incx, long incy, T alpha,
+                                    T beta, Call call)
+{
+    const long m = a.s.m, n = a.s.n;
+    const long len_x = op == 'N' ? n : m, len_y = op == 'N' ? m : n;
+    const bool no_alpha = alpha == T(0.0);
+    // With alpha = 0 neither A nor x may be read, with beta = 0 not y.
+    a.fill(rng, meaning, no_alpha);
+    Vector<T> x(len_x, incx), y(len_y, incy);
+    x.fill(rng, no_alpha);
+    y.fill(rng, beta == T(0.0));
+    const auto a0 = a.buf.snapshot(), x0 = x.buf.snapshot(), y0 = y.buf.snapshot();
+    const std::vector<zcomplex> dense = no_alpha ? std::vector<zcomplex>{} : a.dense(meaning);
+    const std::vector<zcomplex> xs = x.values(), ys = y.values();
+
+    call(a.buf.data(), x.buf.data(), y.buf.data());
+
+    Expect want(y.buf.size());
+    if (m > 0 && n > 0) {
+        for (long i = 0; i < len_y; ++i) {
+            zcomplex v = beta == T(0.0) ? zcomplex(0.0) : zcomplex(beta) * ys[i];
+            if (!no_alpha) {
+                zcomplex s = 0.0;
+                for (long k = 0; k < len_x; ++k) {
+                    const zcomplex e = op == 'N' ? dense[i + k * m] : dense[k + i * m];
+                    s += (op == 'C' ? std::conj(e) : e) * xs[k];
+                }
+                v += zcomplex(alpha) * s;
+            }
+            want[y.index(i)] = v;
+        }
+    }
+    if (auto r = unchanged(a.buf, a0, "A"); !r) return r;
+    if (auto r = unchanged(x.buf, x0, "x"); !r) return r;
+    return matches(y.buf, y0, want);
+}
+
+template <typename T>
+class Level2Mv : public ::testing::Test {};
+using ElementTypes = ::testing::Types<double, zcomplex>;
+TYPED_TEST_SUITE(Level2Mv, ElementTypes);
+
+// Shapes (m, n): empty either way, tiny, tall, wide, and a few above 32.
+const std::vector<std::pair<long, long>> kShapes = {{0, 3}, {3, 0}, {1, 1}, {2, 5}, {5, 2},
+                                                    {7, 7}, {16, 9}, {9, 17}, {40, 33}};
+// Band widths (kl, ku); -1 stands for full storage (the gemv routines).
+const std::vector<std::pair<long, long>> kBands = {{-1, -1}, {0, 0}, {1, 2}, {3, 0}, {0, 4}, {20, 45}};
+
+TYPED_TEST(Level2Mv, GeneralFullAndBand)
+{
+    using T = TypeParam;
+    Rng rng(11);
+    int count = 0;
+    for (const auto& [m, n] : kShapes)
+        for (const auto& [kl, ku] : kBands)
+            for (const char op : {'N', 'T', 'C'})
+                for (const auto& [incx, incy] : kIncrements)
+                    for (const auto& [alpha, beta] : scalar_pairs<T>()) {
+                        ++count;
+                        const char trans = letter(op, count % 2 != 0);
+                        const long extra = count % 3;
+                        const bool full = kl < 0;
+                        Matrix<T> a(full ? Storage::full(m, n, std::max(m, 1L) + extra)
+                                         : Storage::band(m, n, kl, ku, kl + ku + 1 + extra));
+                        const int im = m, in = n, ikl = kl, iku = ku, lda = a.s.ld, ix = incx, iy = incy;
+                        auto call = [&](const T* pa, const T* px, T* py) {
+                            if constexpr (kComplex<T>) {
+                                if (full) zgemv_(&trans, &im, &in, &alpha, pa, &lda, px, &ix, &beta, py, &iy);
+                                else zgbmv_(&trans, &im, &in, &ikl, &iku, &alpha, pa, &lda, px, &ix, &beta, py, &iy);
+                            } else {
+                                if (full) dgemv_(&trans, &im, &in, &alpha, pa, &lda, px, &ix, &beta, py, &iy);
+                                else dgbmv_(&trans, &im, &in, &ikl, &iku, &alpha, pa, &lda, px, &ix, &beta, py, &iy);
+                            }
+                        };
+                        const auto r = check_mv(rng, a, Meaning::kGeneral, op, incx, incy, alpha, beta, call);
+                        if (!r) {
+                            ADD_FAILURE() << "trans " << trans << ' ' << a.s.describe() << " incx " << incx
+                                          << " incy " << incy << " alpha " << alpha << " beta " << beta << ": "
+                                          << r.message();
+                            return;
+                        }
+                    }
+}
+
+// dsymv/zhemv, dsbmv/zhbmv, dspmv/zhpmv: the stored triangle stands for the
+// whole symmetric (Hermitian) matrix.
+TYPED_TEST(Level2Mv, SymmetricFullBandPacked)
+{
+    using T = TypeParam;
+    const Meaning meaning = kComplex<T> ? Meaning::kHermitian : Meaning::kSymmetric;
+    Rng rng(12);
+    int count = 0;
+    for (const long n : {0L, 1L, 2L, 3L, 8L, 17L, 40L})
+        for (const long k : {-2L, -1L, 0L, 1L, 3L, 50L})  // -2 packed, -1 full, else band width
+            for (const char ul : {'U', 'L'})
+                for (const auto& [incx, incy] : kIncrements)
+                    for (const auto& [alpha, beta] : scalar_pairs<T>()) {
+                        ++count;
+                        const char uplo = letter(ul, count % 2 != 0);
+                        const bool upper = ul == 'U';
+                        const long extra = count % 3;
+                        Matrix<T> a(Storage::stored_triangle(n, k, upper, extra));
+                        const int in = n, ik = k, lda = a.s.ld, ix = incx, iy = incy;
+                        auto call = [&](const T* pa, const T* px, T* py) {
+                            if constexpr (kComplex<T>) {
+                                if (k == -2) zhpmv_(&uplo, &in, &alpha, pa, px, &ix, &beta, py, &iy);
+                                else if (k == -1) zhemv_(&uplo, &in, &alpha, pa, &lda, px, &ix, &beta, py, &iy);
+                                else zhbmv_(&uplo, &in, &ik, &alpha, pa, &lda, px, &ix, &beta, py, &iy);
+                            } else {
+                                if (k == -2) dspmv_(&uplo, &in, &alpha, pa, px, &ix, &beta, py, &iy);
+                                else if (k == -1) dsymv_(&uplo, &in, &alpha, pa, &lda, px, &ix, &beta, py, &iy);
+                                else dsbmv_(&uplo, &in, &ik, &alpha, pa, &lda, px, &ix, &beta, py, &iy);
+                            }
+                        };
+                        const auto r = check_mv(rng, a, meaning, 'N', incx, incy, alpha, beta, call);
+                        if (!r) {
+                            ADD_FAILURE() << "uplo " << uplo << ' ' << a.s.describe() << " incx " << incx << " incy "
+                                          << incy << " alpha " << alpha << " beta " << beta << ": " << r.message();
+                            return;
+                        }
+                    }
+}
+
+}  // namespace
+}  // namespace l2test
