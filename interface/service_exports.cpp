@@ -1,26 +1,13 @@
-// The thread-count service exports.
-
-#include <omp.h>
+// The thread-count service exports: thin doors into the thread policy.
 
 #include "orv.h"
+#include "service/thread_policy.h"
 
-namespace {
-
-// Count requested by orv_set_num_threads; -1 until a positive one arrives.
-int g_requested_threads = -1;
-
-}  // namespace
-
-extern "C" int orv_get_max_threads(void)
-{
-    // Until the thread policy exists, a requested count wins over the
-    // OpenMP runtime's maximum.
-    const int requested = __atomic_load_n(&g_requested_threads, __ATOMIC_RELAXED);
-    return requested > 0 ? requested : omp_get_max_threads();
-}
+extern "C" int orv_get_max_threads(void) { return orv::get_max_threads(); }
 
 extern "C" void orv_set_num_threads(const int* n)
 {
+    // Fortran convention: the count comes by address and is read once.
     const int value = *n;
-    if (value > 0) __atomic_store_n(&g_requested_threads, value, __ATOMIC_RELAXED);
+    orv::set_num_threads(value);
 }
