@@ -1,8 +1,8 @@
-// Level-1 exports: widen the integers, run the baseline kernel, trace.
+// Level-1 exports: widen the integers, run the kernel through its slot, trace.
 // Level-1 routines have no argument checker and register no error handler.
 
 #include "interface/entry.h"
-#include "level1/kernels.h"
+#include "level1/dispatch.h"
 #include "orv.h"
 
 namespace {
@@ -21,7 +21,7 @@ extern "C" double dasum_(const int* n, const double* x, const int* incx)
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx;
     return orv::run_traced(verbose, mode,
-        [&] { return orv::def::dasum(&n64, x, &incx64); },
+        [&] { return orv::dispatch<&orv::Level1Kernels::dasum>(&n64, x, &incx64); },
         [&](char* text) { orv::format_call_text(text, "DASUM(%d,%p,%d)", *n, (const void*)x, *incx); });
 }
 
@@ -31,7 +31,7 @@ extern "C" double dzasum_(const int* n, const void* x, const int* incx)
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx;
     return orv::run_traced(verbose, mode,
-        [&] { return orv::def::dzasum(&n64, cz(x), &incx64); },
+        [&] { return orv::dispatch<&orv::Level1Kernels::dzasum>(&n64, cz(x), &incx64); },
         [&](char* text) { orv::format_call_text(text, "DZASUM(%d,%p,%d)", *n, x, *incx); });
 }
 
@@ -41,7 +41,7 @@ extern "C" double dnrm2_(const int* n, const double* x, const int* incx)
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx;
     return orv::run_traced(verbose, mode,
-        [&] { return orv::def::dnrm2(&n64, x, &incx64); },
+        [&] { return orv::dispatch<&orv::Level1Kernels::dnrm2>(&n64, x, &incx64); },
         [&](char* text) { orv::format_call_text(text, "DNRM2(%d,%p,%d)", *n, (const void*)x, *incx); });
 }
 
@@ -51,7 +51,7 @@ extern "C" double dznrm2_(const int* n, const void* x, const int* incx)
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx;
     return orv::run_traced(verbose, mode,
-        [&] { return orv::def::dznrm2(&n64, cz(x), &incx64); },
+        [&] { return orv::dispatch<&orv::Level1Kernels::dznrm2>(&n64, cz(x), &incx64); },
         [&](char* text) { orv::format_call_text(text, "DZNRM2(%d,%p,%d)", *n, x, *incx); });
 }
 
@@ -62,7 +62,7 @@ extern "C" int idamax_(const int* n, const double* x, const int* incx)
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx;
     return static_cast<int>(orv::run_traced(verbose, mode,
-        [&] { return orv::def::idamax(&n64, x, &incx64); },
+        [&] { return orv::dispatch<&orv::Level1Kernels::idamax>(&n64, x, &incx64); },
         [&](char* text) { orv::format_call_text(text, "IDAMAX(%d,%p,%d)", *n, (const void*)x, *incx); }));
 }
 
@@ -72,7 +72,7 @@ extern "C" int izamax_(const int* n, const void* x, const int* incx)
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx;
     return static_cast<int>(orv::run_traced(verbose, mode,
-        [&] { return orv::def::izamax(&n64, cz(x), &incx64); },
+        [&] { return orv::dispatch<&orv::Level1Kernels::izamax>(&n64, cz(x), &incx64); },
         [&](char* text) { orv::format_call_text(text, "IZAMAX(%d,%p,%d)", *n, x, *incx); }));
 }
 
@@ -81,7 +81,7 @@ extern "C" double dcabs1_(const void* z)
     static const int* verbose = &orv::kVerboseUnknown;
     const int mode = orv::entry_mode(verbose);
     return orv::run_traced(verbose, mode,
-        [&] { return orv::def::dcabs1(cz(z)); },
+        [&] { return orv::dispatch<&orv::Level1Kernels::dcabs1>(cz(z)); },
         [&](char* text) { orv::format_call_text(text, "DCABS1(%p)", z); });
 }
 
@@ -93,7 +93,7 @@ extern "C" double ddot_(const int* n, const double* x, const int* incx, const do
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx, incy64 = *incy;
     return orv::run_traced(verbose, mode,
-        [&] { return orv::def::ddot(&n64, x, &incx64, y, &incy64); },
+        [&] { return orv::dispatch<&orv::Level1Kernels::ddot>(&n64, x, &incx64, y, &incy64); },
         [&](char* text) { orv::format_call_text(text, "DDOT(%d,%p,%d,%p,%d)", *n, (const void*)x, *incx,
                                                 (const void*)y, *incy); });
 }
@@ -106,7 +106,7 @@ extern "C" void zdotc_(void* result, const int* n, const void* x, const int* inc
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx, incy64 = *incy;
     orv::run_traced(verbose, mode,
-        [&] { orv::def::zdotc(wz(result), &n64, cz(x), &incx64, cz(y), &incy64); },
+        [&] { orv::dispatch<&orv::Level1Kernels::zdotc>(wz(result), &n64, cz(x), &incx64, cz(y), &incy64); },
         [&](char* text) { orv::format_call_text(text, "ZDOTC(%p,%d,%p,%d,%p,%d)", result, *n, x, *incx, y, *incy); });
 }
 
@@ -116,7 +116,7 @@ extern "C" void zdotu_(void* result, const int* n, const void* x, const int* inc
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx, incy64 = *incy;
     orv::run_traced(verbose, mode,
-        [&] { orv::def::zdotu(wz(result), &n64, cz(x), &incx64, cz(y), &incy64); },
+        [&] { orv::dispatch<&orv::Level1Kernels::zdotu>(wz(result), &n64, cz(x), &incx64, cz(y), &incy64); },
         [&](char* text) { orv::format_call_text(text, "ZDOTU(%p,%d,%p,%d,%p,%d)", result, *n, x, *incx, y, *incy); });
 }
 
@@ -128,7 +128,7 @@ extern "C" void daxpy_(const int* n, const double* alpha, const double* x, const
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx, incy64 = *incy;
     orv::run_traced(verbose, mode,
-        [&] { orv::def::daxpy(&n64, alpha, x, &incx64, y, &incy64); },
+        [&] { orv::dispatch<&orv::Level1Kernels::daxpy>(&n64, alpha, x, &incx64, y, &incy64); },
         [&](char* text) { orv::format_call_text(text, "DAXPY(%d,%p,%p,%d,%p,%d)", *n, (const void*)alpha,
                                                 (const void*)x, *incx, (const void*)y, *incy); });
 }
@@ -139,7 +139,7 @@ extern "C" void zaxpy_(const int* n, const void* alpha, const void* x, const int
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx, incy64 = *incy;
     orv::run_traced(verbose, mode,
-        [&] { orv::def::zaxpy(&n64, cz(alpha), cz(x), &incx64, wz(y), &incy64); },
+        [&] { orv::dispatch<&orv::Level1Kernels::zaxpy>(&n64, cz(alpha), cz(x), &incx64, wz(y), &incy64); },
         [&](char* text) { orv::format_call_text(text, "ZAXPY(%d,%p,%p,%d,%p,%d)", *n, alpha, x, *incx, y, *incy); });
 }
 
@@ -149,7 +149,7 @@ extern "C" void dcopy_(const int* n, const double* x, const int* incx, double* y
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx, incy64 = *incy;
     orv::run_traced(verbose, mode,
-        [&] { orv::def::dcopy(&n64, x, &incx64, y, &incy64); },
+        [&] { orv::dispatch<&orv::Level1Kernels::dcopy>(&n64, x, &incx64, y, &incy64); },
         [&](char* text) { orv::format_call_text(text, "DCOPY(%d,%p,%d,%p,%d)", *n, (const void*)x, *incx,
                                                 (const void*)y, *incy); });
 }
@@ -160,7 +160,7 @@ extern "C" void zcopy_(const int* n, const void* x, const int* incx, void* y, co
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx, incy64 = *incy;
     orv::run_traced(verbose, mode,
-        [&] { orv::def::zcopy(&n64, cz(x), &incx64, wz(y), &incy64); },
+        [&] { orv::dispatch<&orv::Level1Kernels::zcopy>(&n64, cz(x), &incx64, wz(y), &incy64); },
         [&](char* text) { orv::format_call_text(text, "ZCOPY(%d,%p,%d,%p,%d)", *n, x, *incx, y, *incy); });
 }
 
@@ -170,7 +170,7 @@ extern "C" void dswap_(const int* n, double* x, const int* incx, double* y, cons
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx, incy64 = *incy;
     orv::run_traced(verbose, mode,
-        [&] { orv::def::dswap(&n64, x, &incx64, y, &incy64); },
+        [&] { orv::dispatch<&orv::Level1Kernels::dswap>(&n64, x, &incx64, y, &incy64); },
         [&](char* text) { orv::format_call_text(text, "DSWAP(%d,%p,%d,%p,%d)", *n, (const void*)x, *incx,
                                                 (const void*)y, *incy); });
 }
@@ -181,7 +181,7 @@ extern "C" void zswap_(const int* n, void* x, const int* incx, void* y, const in
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx, incy64 = *incy;
     orv::run_traced(verbose, mode,
-        [&] { orv::def::zswap(&n64, wz(x), &incx64, wz(y), &incy64); },
+        [&] { orv::dispatch<&orv::Level1Kernels::zswap>(&n64, wz(x), &incx64, wz(y), &incy64); },
         [&](char* text) { orv::format_call_text(text, "ZSWAP(%d,%p,%d,%p,%d)", *n, x, *incx, y, *incy); });
 }
 
@@ -193,7 +193,7 @@ extern "C" void dscal_(const int* n, const double* alpha, double* x, const int* 
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx;
     orv::run_traced(verbose, mode,
-        [&] { orv::def::dscal(&n64, alpha, x, &incx64); },
+        [&] { orv::dispatch<&orv::Level1Kernels::dscal>(&n64, alpha, x, &incx64); },
         [&](char* text) { orv::format_call_text(text, "DSCAL(%d,%p,%p,%d)", *n, (const void*)alpha, (const void*)x,
                                                 *incx); });
 }
@@ -204,7 +204,7 @@ extern "C" void zscal_(const int* n, const void* alpha, void* x, const int* incx
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx;
     orv::run_traced(verbose, mode,
-        [&] { orv::def::zscal(&n64, cz(alpha), wz(x), &incx64); },
+        [&] { orv::dispatch<&orv::Level1Kernels::zscal>(&n64, cz(alpha), wz(x), &incx64); },
         [&](char* text) { orv::format_call_text(text, "ZSCAL(%d,%p,%p,%d)", *n, alpha, x, *incx); });
 }
 
@@ -214,7 +214,7 @@ extern "C" void zdscal_(const int* n, const double* alpha, void* x, const int* i
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx;
     orv::run_traced(verbose, mode,
-        [&] { orv::def::zdscal(&n64, alpha, wz(x), &incx64); },
+        [&] { orv::dispatch<&orv::Level1Kernels::zdscal>(&n64, alpha, wz(x), &incx64); },
         [&](char* text) { orv::format_call_text(text, "ZDSCAL(%d,%p,%p,%d)", *n, (const void*)alpha, x, *incx); });
 }
 
@@ -227,7 +227,7 @@ extern "C" void drot_(const int* n, double* x, const int* incx, double* y, const
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx, incy64 = *incy;
     orv::run_traced(verbose, mode,
-        [&] { orv::def::drot(&n64, x, &incx64, y, &incy64, c, s); },
+        [&] { orv::dispatch<&orv::Level1Kernels::drot>(&n64, x, &incx64, y, &incy64, c, s); },
         [&](char* text) { orv::format_call_text(text, "DROT(%d,%p,%d,%p,%d,%p,%p)", *n, (const void*)x, *incx,
                                                 (const void*)y, *incy, (const void*)c, (const void*)s); });
 }
@@ -239,7 +239,7 @@ extern "C" void zdrot_(const int* n, void* x, const int* incx, void* y, const in
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx, incy64 = *incy;
     orv::run_traced(verbose, mode,
-        [&] { orv::def::zdrot(&n64, wz(x), &incx64, wz(y), &incy64, c, s); },
+        [&] { orv::dispatch<&orv::Level1Kernels::zdrot>(&n64, wz(x), &incx64, wz(y), &incy64, c, s); },
         [&](char* text) { orv::format_call_text(text, "ZDROT(%d,%p,%d,%p,%d,%p,%p)", *n, x, *incx, y, *incy,
                                                 (const void*)c, (const void*)s); });
 }
@@ -250,7 +250,7 @@ extern "C" void drotm_(const int* n, double* x, const int* incx, double* y, cons
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx, incy64 = *incy;
     orv::run_traced(verbose, mode,
-        [&] { orv::def::drotm(&n64, x, &incx64, y, &incy64, param); },
+        [&] { orv::dispatch<&orv::Level1Kernels::drotm>(&n64, x, &incx64, y, &incy64, param); },
         [&](char* text) { orv::format_call_text(text, "DROTM(%d,%p,%d,%p,%d,%p)", *n, (const void*)x, *incx,
                                                 (const void*)y, *incy, (const void*)param); });
 }
@@ -260,7 +260,7 @@ extern "C" void drotg_(double* a, double* b, double* c, double* s)
     static const int* verbose = &orv::kVerboseUnknown;
     const int mode = orv::entry_mode(verbose);
     orv::run_traced(verbose, mode,
-        [&] { orv::def::drotg(a, b, c, s); },
+        [&] { orv::dispatch<&orv::Level1Kernels::drotg>(a, b, c, s); },
         [&](char* text) { orv::format_call_text(text, "DROTG(%p,%p,%p,%p)", (void*)a, (void*)b, (void*)c,
                                                 (void*)s); });
 }
@@ -270,7 +270,7 @@ extern "C" void zrotg_(void* ca, const void* cb, double* c, void* s)
     static const int* verbose = &orv::kVerboseUnknown;
     const int mode = orv::entry_mode(verbose);
     orv::run_traced(verbose, mode,
-        [&] { orv::def::zrotg(wz(ca), cz(cb), c, wz(s)); },
+        [&] { orv::dispatch<&orv::Level1Kernels::zrotg>(wz(ca), cz(cb), c, wz(s)); },
         [&](char* text) { orv::format_call_text(text, "ZROTG(%p,%p,%p,%p)", ca, cb, (void*)c, s); });
 }
 
@@ -279,7 +279,7 @@ extern "C" void drotmg_(double* d1, double* d2, double* x1, const double* y1, do
     static const int* verbose = &orv::kVerboseUnknown;
     const int mode = orv::entry_mode(verbose);
     orv::run_traced(verbose, mode,
-        [&] { orv::def::drotmg(d1, d2, x1, y1, param); },
+        [&] { orv::dispatch<&orv::Level1Kernels::drotmg>(d1, d2, x1, y1, param); },
         [&](char* text) { orv::format_call_text(text, "DROTMG(%p,%p,%p,%p,%p)", (void*)d1, (void*)d2, (void*)x1,
                                                 (const void*)y1, (void*)param); });
 }

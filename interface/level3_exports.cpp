@@ -3,7 +3,7 @@
 
 #include "interface/checkers.h"
 #include "interface/entry.h"
-#include "level3/level3.h"
+#include "level3/dispatch.h"
 #include "orv.h"
 
 namespace {
@@ -24,7 +24,7 @@ extern "C" void dgemm_(const char* transa, const char* transb, const int* m, con
     if (orv::check_gemm("DGEMM ", transa, transb, m, n, k, lda, ldb, ldc)) return;
     const orv::i64 m64 = *m, n64 = *n, k64 = *k, lda64 = *lda, ldb64 = *ldb, ldc64 = *ldc;
     orv::run_traced(verbose, mode,
-        [&] { orv::cnr::dgemm(transa, transb, &m64, &n64, &k64, alpha, a, &lda64, b, &ldb64, beta, c, &ldc64); },
+        [&] { orv::dispatch<&orv::Level3Kernels::dgemm>(transa, transb, &m64, &n64, &k64, alpha, a, &lda64, b, &ldb64, beta, c, &ldc64); },
         [&](char* text) { orv::format_call_text(text, "DGEMM(%c,%c,%d,%d,%d,%p,%p,%d,%p,%d,%p,%p,%d)", *transa, *transb,
                                                 *m, *n, *k, (const void*)alpha, (const void*)a, *lda, (const void*)b,
                                                 *ldb, (const void*)beta, (const void*)c, *ldc); });
@@ -40,7 +40,7 @@ extern "C" void zgemm_(const char* transa, const char* transb, const int* m, con
     if (orv::check_gemm("ZGEMM ", transa, transb, m, n, k, lda, ldb, ldc)) return;
     const orv::i64 m64 = *m, n64 = *n, k64 = *k, lda64 = *lda, ldb64 = *ldb, ldc64 = *ldc;
     orv::run_traced(verbose, mode,
-        [&] { orv::cnr::zgemm(transa, transb, &m64, &n64, &k64, as_z(alpha), as_z(a), &lda64, as_z(b), &ldb64,
+        [&] { orv::dispatch<&orv::Level3Kernels::zgemm>(transa, transb, &m64, &n64, &k64, as_z(alpha), as_z(a), &lda64, as_z(b), &ldb64,
                               as_z(beta), as_z(c), &ldc64); },
         [&](char* text) { orv::format_call_text(text, "ZGEMM(%c,%c,%d,%d,%d,%p,%p,%d,%p,%d,%p,%p,%d)", *transa, *transb,
                                                 *m, *n, *k, alpha, a, *lda, b, *ldb, beta, c, *ldc); });
@@ -56,7 +56,7 @@ extern "C" void dsymm_(const char* side, const char* uplo, const int* m, const i
     if (orv::check_symm("DSYMM ", side, uplo, m, n, lda, ldb, ldc)) return;
     const orv::i64 m64 = *m, n64 = *n, lda64 = *lda, ldb64 = *ldb, ldc64 = *ldc;
     orv::run_traced(verbose, mode,
-        [&] { orv::cnr::dsymm(side, uplo, &m64, &n64, alpha, a, &lda64, b, &ldb64, beta, c, &ldc64); },
+        [&] { orv::dispatch<&orv::Level3Kernels::dsymm>(side, uplo, &m64, &n64, alpha, a, &lda64, b, &ldb64, beta, c, &ldc64); },
         [&](char* text) { orv::format_call_text(text, "DSYMM(%c,%c,%d,%d,%p,%p,%d,%p,%d,%p,%p,%d)", *side, *uplo, *m,
                                                 *n, (const void*)alpha, (const void*)a, *lda, (const void*)b, *ldb,
                                                 (const void*)beta, (const void*)c, *ldc); });
@@ -71,7 +71,7 @@ extern "C" void zsymm_(const char* side, const char* uplo, const int* m, const i
     if (orv::check_symm("ZSYMM ", side, uplo, m, n, lda, ldb, ldc)) return;
     const orv::i64 m64 = *m, n64 = *n, lda64 = *lda, ldb64 = *ldb, ldc64 = *ldc;
     orv::run_traced(verbose, mode,
-        [&] { orv::cnr::zsymm(side, uplo, &m64, &n64, as_z(alpha), as_z(a), &lda64, as_z(b), &ldb64, as_z(beta),
+        [&] { orv::dispatch<&orv::Level3Kernels::zsymm>(side, uplo, &m64, &n64, as_z(alpha), as_z(a), &lda64, as_z(b), &ldb64, as_z(beta),
                               as_z(c), &ldc64); },
         [&](char* text) { orv::format_call_text(text, "ZSYMM(%c,%c,%d,%d,%p,%p,%d,%p,%d,%p,%p,%d)", *side, *uplo, *m,
                                                 *n, alpha, a, *lda, b, *ldb, beta, c, *ldc); });
@@ -86,7 +86,7 @@ extern "C" void zhemm_(const char* side, const char* uplo, const int* m, const i
     if (orv::check_symm("ZHEMM ", side, uplo, m, n, lda, ldb, ldc)) return;
     const orv::i64 m64 = *m, n64 = *n, lda64 = *lda, ldb64 = *ldb, ldc64 = *ldc;
     orv::run_traced(verbose, mode,
-        [&] { orv::cnr::zhemm(side, uplo, &m64, &n64, as_z(alpha), as_z(a), &lda64, as_z(b), &ldb64, as_z(beta),
+        [&] { orv::dispatch<&orv::Level3Kernels::zhemm>(side, uplo, &m64, &n64, as_z(alpha), as_z(a), &lda64, as_z(b), &ldb64, as_z(beta),
                               as_z(c), &ldc64); },
         [&](char* text) { orv::format_call_text(text, "ZHEMM(%c,%c,%d,%d,%p,%p,%d,%p,%d,%p,%p,%d)", *side, *uplo, *m,
                                                 *n, alpha, a, *lda, b, *ldb, beta, c, *ldc); });
@@ -101,7 +101,7 @@ extern "C" void dsyrk_(const char* uplo, const char* trans, const int* n, const 
     if (orv::check_syrk("DSYRK ", orv::kTransNTC, uplo, trans, n, k, lda, ldc)) return;
     const orv::i64 n64 = *n, k64 = *k, lda64 = *lda, ldc64 = *ldc;
     orv::run_traced(verbose, mode,
-        [&] { orv::cnr::dsyrk(uplo, trans, &n64, &k64, alpha, a, &lda64, beta, c, &ldc64); },
+        [&] { orv::dispatch<&orv::Level3Kernels::dsyrk>(uplo, trans, &n64, &k64, alpha, a, &lda64, beta, c, &ldc64); },
         [&](char* text) { orv::format_call_text(text, "DSYRK(%c,%c,%d,%d,%p,%p,%d,%p,%p,%d)", *uplo, *trans, *n, *k,
                                                 (const void*)alpha, (const void*)a, *lda, (const void*)beta,
                                                 (const void*)c, *ldc); });
@@ -116,7 +116,7 @@ extern "C" void zsyrk_(const char* uplo, const char* trans, const int* n, const 
     if (orv::check_syrk("ZSYRK ", orv::kTransNT, uplo, trans, n, k, lda, ldc)) return;
     const orv::i64 n64 = *n, k64 = *k, lda64 = *lda, ldc64 = *ldc;
     orv::run_traced(verbose, mode,
-        [&] { orv::cnr::zsyrk(uplo, trans, &n64, &k64, as_z(alpha), as_z(a), &lda64, as_z(beta), as_z(c), &ldc64); },
+        [&] { orv::dispatch<&orv::Level3Kernels::zsyrk>(uplo, trans, &n64, &k64, as_z(alpha), as_z(a), &lda64, as_z(beta), as_z(c), &ldc64); },
         [&](char* text) { orv::format_call_text(text, "ZSYRK(%c,%c,%d,%d,%p,%p,%d,%p,%p,%d)", *uplo, *trans, *n, *k,
                                                 alpha, a, *lda, beta, c, *ldc); });
 }
@@ -130,7 +130,7 @@ extern "C" void zherk_(const char* uplo, const char* trans, const int* n, const 
     if (orv::check_syrk("ZHERK ", orv::kTransNC, uplo, trans, n, k, lda, ldc)) return;
     const orv::i64 n64 = *n, k64 = *k, lda64 = *lda, ldc64 = *ldc;
     orv::run_traced(verbose, mode,
-        [&] { orv::cnr::zherk(uplo, trans, &n64, &k64, alpha, as_z(a), &lda64, beta, as_z(c), &ldc64); },
+        [&] { orv::dispatch<&orv::Level3Kernels::zherk>(uplo, trans, &n64, &k64, alpha, as_z(a), &lda64, beta, as_z(c), &ldc64); },
         [&](char* text) { orv::format_call_text(text, "ZHERK(%c,%c,%d,%d,%p,%p,%d,%p,%p,%d)", *uplo, *trans, *n, *k,
                                                 (const void*)alpha, a, *lda, (const void*)beta, c, *ldc); });
 }
@@ -145,7 +145,7 @@ extern "C" void dsyr2k_(const char* uplo, const char* trans, const int* n, const
     if (orv::check_syr2k("DSYR2K", orv::kTransNTC, uplo, trans, n, k, lda, ldb, ldc)) return;
     const orv::i64 n64 = *n, k64 = *k, lda64 = *lda, ldb64 = *ldb, ldc64 = *ldc;
     orv::run_traced(verbose, mode,
-        [&] { orv::cnr::dsyr2k(uplo, trans, &n64, &k64, alpha, a, &lda64, b, &ldb64, beta, c, &ldc64); },
+        [&] { orv::dispatch<&orv::Level3Kernels::dsyr2k>(uplo, trans, &n64, &k64, alpha, a, &lda64, b, &ldb64, beta, c, &ldc64); },
         [&](char* text) { orv::format_call_text(text, "DSYR2K(%c,%c,%d,%d,%p,%p,%d,%p,%d,%p,%p,%d)", *uplo, *trans,
                                                 *n, *k, (const void*)alpha, (const void*)a, *lda, (const void*)b,
                                                 *ldb, (const void*)beta, (const void*)c, *ldc); });
@@ -161,7 +161,7 @@ extern "C" void zsyr2k_(const char* uplo, const char* trans, const int* n, const
     if (orv::check_syr2k("ZSYR2K", orv::kTransNT, uplo, trans, n, k, lda, ldb, ldc)) return;
     const orv::i64 n64 = *n, k64 = *k, lda64 = *lda, ldb64 = *ldb, ldc64 = *ldc;
     orv::run_traced(verbose, mode,
-        [&] { orv::cnr::zsyr2k(uplo, trans, &n64, &k64, as_z(alpha), as_z(a), &lda64, as_z(b), &ldb64, as_z(beta),
+        [&] { orv::dispatch<&orv::Level3Kernels::zsyr2k>(uplo, trans, &n64, &k64, as_z(alpha), as_z(a), &lda64, as_z(b), &ldb64, as_z(beta),
                                as_z(c), &ldc64); },
         [&](char* text) { orv::format_call_text(text, "ZSYR2K(%c,%c,%d,%d,%p,%p,%d,%p,%d,%p,%p,%d)", *uplo, *trans,
                                                 *n, *k, alpha, a, *lda, b, *ldb, beta, c, *ldc); });
@@ -177,7 +177,7 @@ extern "C" void zher2k_(const char* uplo, const char* trans, const int* n, const
     if (orv::check_syr2k("ZHER2K", orv::kTransNC, uplo, trans, n, k, lda, ldb, ldc)) return;
     const orv::i64 n64 = *n, k64 = *k, lda64 = *lda, ldb64 = *ldb, ldc64 = *ldc;
     orv::run_traced(verbose, mode,
-        [&] { orv::cnr::zher2k(uplo, trans, &n64, &k64, as_z(alpha), as_z(a), &lda64, as_z(b), &ldb64, beta,
+        [&] { orv::dispatch<&orv::Level3Kernels::zher2k>(uplo, trans, &n64, &k64, as_z(alpha), as_z(a), &lda64, as_z(b), &ldb64, beta,
                                as_z(c), &ldc64); },
         [&](char* text) { orv::format_call_text(text, "ZHER2K(%c,%c,%d,%d,%p,%p,%d,%p,%d,%p,%p,%d)", *uplo, *trans,
                                                 *n, *k, alpha, a, *lda, b, *ldb, (const void*)beta, c, *ldc); });
@@ -192,7 +192,7 @@ extern "C" void dtrmm_(const char* side, const char* uplo, const char* transa, c
     if (orv::check_trmm("DTRMM ", side, uplo, transa, diag, m, n, lda, ldb)) return;
     const orv::i64 m64 = *m, n64 = *n, lda64 = *lda, ldb64 = *ldb;
     orv::run_traced(verbose, mode,
-        [&] { orv::cnr::dtrmm(side, uplo, transa, diag, &m64, &n64, alpha, a, &lda64, b, &ldb64); },
+        [&] { orv::dispatch<&orv::Level3Kernels::dtrmm>(side, uplo, transa, diag, &m64, &n64, alpha, a, &lda64, b, &ldb64); },
         [&](char* text) { orv::format_call_text(text, "DTRMM(%c,%c,%c,%c,%d,%d,%p,%p,%d,%p,%d)", *side, *uplo,
                                                 *transa, *diag, *m, *n, (const void*)alpha, (const void*)a, *lda,
                                                 (const void*)b, *ldb); });
@@ -207,7 +207,7 @@ extern "C" void ztrmm_(const char* side, const char* uplo, const char* transa, c
     if (orv::check_trmm("ZTRMM ", side, uplo, transa, diag, m, n, lda, ldb)) return;
     const orv::i64 m64 = *m, n64 = *n, lda64 = *lda, ldb64 = *ldb;
     orv::run_traced(verbose, mode,
-        [&] { orv::cnr::ztrmm(side, uplo, transa, diag, &m64, &n64, as_z(alpha), as_z(a), &lda64, as_z(b), &ldb64); },
+        [&] { orv::dispatch<&orv::Level3Kernels::ztrmm>(side, uplo, transa, diag, &m64, &n64, as_z(alpha), as_z(a), &lda64, as_z(b), &ldb64); },
         [&](char* text) { orv::format_call_text(text, "ZTRMM(%c,%c,%c,%c,%d,%d,%p,%p,%d,%p,%d)", *side, *uplo,
                                                 *transa, *diag, *m, *n, alpha, a, *lda, b, *ldb); });
 }
@@ -221,7 +221,7 @@ extern "C" void dtrsm_(const char* side, const char* uplo, const char* transa, c
     if (orv::check_trmm("DTRSM ", side, uplo, transa, diag, m, n, lda, ldb)) return;
     const orv::i64 m64 = *m, n64 = *n, lda64 = *lda, ldb64 = *ldb;
     orv::run_traced(verbose, mode,
-        [&] { orv::cnr::dtrsm(side, uplo, transa, diag, &m64, &n64, alpha, a, &lda64, b, &ldb64); },
+        [&] { orv::dispatch<&orv::Level3Kernels::dtrsm>(side, uplo, transa, diag, &m64, &n64, alpha, a, &lda64, b, &ldb64); },
         [&](char* text) { orv::format_call_text(text, "DTRSM(%c,%c,%c,%c,%d,%d,%p,%p,%d,%p,%d)", *side, *uplo,
                                                 *transa, *diag, *m, *n, (const void*)alpha, (const void*)a, *lda,
                                                 (const void*)b, *ldb); });
@@ -236,7 +236,7 @@ extern "C" void ztrsm_(const char* side, const char* uplo, const char* transa, c
     if (orv::check_trmm("ZTRSM ", side, uplo, transa, diag, m, n, lda, ldb)) return;
     const orv::i64 m64 = *m, n64 = *n, lda64 = *lda, ldb64 = *ldb;
     orv::run_traced(verbose, mode,
-        [&] { orv::cnr::ztrsm(side, uplo, transa, diag, &m64, &n64, as_z(alpha), as_z(a), &lda64, as_z(b), &ldb64); },
+        [&] { orv::dispatch<&orv::Level3Kernels::ztrsm>(side, uplo, transa, diag, &m64, &n64, as_z(alpha), as_z(a), &lda64, as_z(b), &ldb64); },
         [&](char* text) { orv::format_call_text(text, "ZTRSM(%c,%c,%c,%c,%d,%d,%p,%p,%d,%p,%d)", *side, *uplo,
                                                 *transa, *diag, *m, *n, alpha, a, *lda, b, *ldb); });
 }

@@ -6,6 +6,7 @@
 
 #include "interface/bounded_text.h"
 #include "orv.h"
+#include "service/cpu_detect.h"
 
 namespace orv {
 namespace {
@@ -67,9 +68,7 @@ void get_version(VersionRecord* record)
     record->product_status = kProductStatus;
     record->build = kBuild;
     record->platform = kPlatform;
-    // Processor detection does not exist yet: until it answers the vendor
-    // and code-path questions, every processor gets the generic text.
-    record->processor = processor_text(false, 0);
+    record->processor = processor_text(cpu_is_reference_vendor() == 1, cpu_detect());
 }
 
 int format_version_banner(char* buf, int size)

@@ -15,6 +15,8 @@
 #include "interface/seconds_clock.h"
 #include "interface/verbose.h"
 #include "interface/version.h"
+#include "service/cpu_detect.h"
+#include "service/cpu_features.h"
 
 namespace {
 
@@ -111,9 +113,27 @@ std::string banner(int iface)
     return text.c_str();
 }
 
-const char* kBannerHead =
-    "ORV_VERBOSE Calix\\(R\\) ORV 2017\\.0 Product build 20160801 for Calix\\(R\\) 64 architecture "
-    "Calix\\(R\\) Architecture processors, (Win|Lnx) [0-9]+\\.[0-9]{2}GHz";
+std::string regex_escaped(const std::string& text)
+{
+    std::string out;
+    for (char c : text) {
+        if (std::strchr("\\^$.|?*+()[]{}", c) != nullptr) out += '\\';
+        out += c;
+    }
+    return out;
+}
+
+// The processor text names the instruction set of the code path this
+// process detected.
+const char* detected_processor_text() { return orv::processor_text(orv::cpu_is_reference_vendor() == 1, orv::cpu_detect()); }
+
+std::string banner_head()
+{
+    return "ORV_VERBOSE " +
+           regex_escaped(std::string("Calix(R) ORV 2017.0 Product build 20160801 for Calix(R) 64 architecture ") +
+                         detected_processor_text()) +
+           ", (Win|Lnx) [0-9]+\\.[0-9]{2}GHz";
+}
 
 TEST(Banner, NamesBuildProcessorAndInterface)
 {
@@ -122,7 +142,7 @@ TEST(Banner, NamesBuildProcessorAndInterface)
         const char* part;
     } cases[] = {{-1, " cdecl"}, {-2, " stdcall"}, {1, " lp64"}, {2, " ilp64"}, {0x1f, " iface1f"}, {0, ""}};
     for (const auto& c : cases) {
-        const std::regex expected(std::string(kBannerHead) + c.part + " calix_thread NQIXDev:0");
+        const std::regex expected(banner_head() + c.part + " calix_thread NQIXDev:0");
         EXPECT_TRUE(std::regex_match(banner(c.iface), expected)) << banner(c.iface);
     }
 }
@@ -155,7 +175,7 @@ TEST(Trace, BannerOnceThenOneLinePerCall)
     const std::size_t banner_end = printed[0].find('\n');
     ASSERT_NE(banner_end, std::string::npos);
     const std::string banner_line = printed[0].substr(0, banner_end);
-    EXPECT_TRUE(std::regex_match(banner_line, std::regex(std::string(kBannerHead) + " cdecl calix_thread NQIXDev:0")))
+    EXPECT_TRUE(std::regex_match(banner_line, std::regex(banner_head() + " cdecl calix_thread NQIXDev:0")))
         << banner_line;
     const std::string first = printed[0].substr(banner_end + 1);
     ASSERT_FALSE(first.empty());
@@ -209,7 +229,7 @@ TEST(Version, RecordAndProcessorTexts)
     EXPECT_STREQ(record.product_status, "Product");
     EXPECT_STREQ(record.build, "20160801");
     EXPECT_STREQ(record.platform, "Calix(R) 64 architecture");
-    EXPECT_STREQ(record.processor, "Calix(R) Architecture processors");
+    EXPECT_STREQ(record.processor, detected_processor_text());
     orv::get_version(nullptr);
 
     const char* generic = "Calix(R) Architecture processors";

@@ -7,6 +7,7 @@
 #include <complex>
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
 #include <vector>
 
@@ -110,5 +111,24 @@ template <>
 inline double Guarded<double>::guard() { return guard_value(); }
 template <>
 inline zcomplex Guarded<zcomplex>::guard() { return {guard_value(), guard_value()}; }
+
+// True when the library runs its reproducible builds in this process: the two
+// oldest code paths do under any reproducibility mode. The test runs force the
+// path with ORV_DEBUG_CPU_TYPE and the mode with ORV_CBWR; a mode that names
+// one of those branches selects such a path by itself.
+inline bool expects_reproducible_build()
+{
+    const char* mode = std::getenv("ORV_CBWR");
+    if (mode == nullptr || *mode == '\0') return false;
+    const char* forced = std::getenv("ORV_DEBUG_CPU_TYPE");
+    if (forced != nullptr && *forced != '\0') {
+        const long path = std::strtol(forced, nullptr, 0);
+        return path == 0 || path == 2;
+    }
+    if (std::strncmp(mode, "BRANCH=", 7) == 0) mode += 7;
+    for (const char* branch : {"COMPATIBLE", "SSE2", "SSE3", "SSSE3", "SSE4_1"})
+        if (std::strcmp(mode, branch) == 0) return true;
+    return false;
+}
 
 }  // namespace orvtest
