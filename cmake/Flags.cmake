@@ -10,3 +10,26 @@ set(ORV_LIBRARY_FLAGS ${ORV_BASELINE_FLAGS}
 if(CMAKE_BUILD_TYPE STREQUAL "Release")
   list(APPEND ORV_LIBRARY_FLAGS -O2)
 endif()
+
+# Instruction-set flags of each code path. A source file under a folder named
+# after a path (level1/kernels/avx2/, level3/kernels/avx512/, ...) is compiled
+# with that path's flags and must keep everything it defines in the path's
+# own namespace (orv::avx2, ...); a test checks the objects' symbols.
+# The baseline path needs nothing beyond the baseline flags.
+set(ORV_PATH_FLAGS_def "")
+set(ORV_PATH_FLAGS_mc -mssse3)
+set(ORV_PATH_FLAGS_mc3 -msse4.2 -mpopcnt)
+set(ORV_PATH_FLAGS_avx -mavx)
+set(ORV_PATH_FLAGS_avx2 -mavx2 -mfma -mbmi -mbmi2 -mlzcnt -mf16c)
+# The many-core processors' AVX-512: foundation and conflict detection only.
+set(ORV_PATH_FLAGS_avx512_qix -mavx2 -mfma -mavx512f -mavx512cd)
+set(ORV_PATH_FLAGS_avx512 -mavx2 -mfma -mavx512f -mavx512cd -mavx512dq -mavx512bw -mavx512vl)
+set(ORV_CODE_PATH_NAMES def mc mc3 avx avx2 avx512_qix avx512)
+
+function(orv_apply_path_flags sources)
+  foreach(source IN LISTS sources)
+    if(source MATCHES "/kernels/(def|mc|mc3|avx|avx2|avx512_qix|avx512)/[^/]+\\.cpp$")
+      set_source_files_properties(${source} PROPERTIES COMPILE_OPTIONS "${ORV_PATH_FLAGS_${CMAKE_MATCH_1}}")
+    endif()
+  endforeach()
+endfunction()
