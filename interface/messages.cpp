@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "service/platform.h"
+#include "service/spinlock.h"
 
 namespace orv {
 namespace {
@@ -35,9 +36,11 @@ constexpr CatalogueEntry kCatalogue[] = {
     {kMsgCpuNotSupported, "Calix ORV ERROR: CPU %d is not supported."},
 };
 
-// Shared by every printed line: the printer is not reentrant by design.
+// Shared by every printed line. Threads take turns with the lock, so that
+// lines from different threads interleave only as whole lines.
 char g_output[kMessageBufferSize];
 char g_localized[kMessageBufferSize];
+SpinLock g_output_lock;
 
 FatalExitHook g_fatal_exit_hook = nullptr;
 
@@ -67,6 +70,7 @@ const char* catalogue_text(int number)
 
 int print_message(int /*reserved*/, int number, int count, ...)
 {
+    SpinGuard guard(g_output_lock);
     if (number != kMsgLineEnd) {
         const char* text = catalogue_text(number);
         if (platform::localized_message(number, g_localized, kMessageBufferSize)) text = g_localized;
@@ -85,6 +89,7 @@ int print_message(int /*reserved*/, int number, int count, ...)
 
 int print_formatted(const char* fmt, ...)
 {
+    SpinGuard guard(g_output_lock);
     std::va_list args;
     va_start(args, fmt);
     std::vsnprintf(g_output, kMessageBufferSize, fmt, args);

@@ -34,7 +34,8 @@ const char* catalogue_text(int number);
 int print_message(int reserved, int number, int count, ...);
 
 // printf to standard output through the shared 512-byte buffer, then flush.
-// Not reentrant, like the message printer whose buffer it shares.
+// Serialised with the message printer, whose buffer it shares, so that
+// concurrent lines stay whole.
 int print_formatted(const char* fmt, ...) __attribute__((format(printf, 1, 2)));
 
 // Ends the process with `code` (nothing runs after it) unless a fatal-exit

@@ -7,11 +7,16 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include <omp.h>
+
 #include "interface/entry.h"
 #include "interface/messages.h"
 #include "interface/seconds_clock.h"
 #include "interface/version.h"
+#include "service/cbwr.h"
+#include "service/memory.h"
 #include "service/platform.h"
+#include "service/thread_policy.h"
 #include "service/spinlock.h"
 
 namespace orv {
@@ -39,11 +44,30 @@ const char* interface_name(int iface, char* scratch, int size)
     }
 }
 
-// The run-time configuration part of a trace line (reproducibility branch,
-// dynamic threads, fast memory manager, thread id, thread counts, work
-// division) joins here, after the elapsed time, once the runtime services
-// that own those settings exist.
-void append_configuration(BoundedText& /*text*/) {}
+// The host's share of the work and the coprocessors it is divided with: the
+// offload component is not part of this library, so the host does it all.
+constexpr double kHostWorkShare = 1.0;
+
+// The run-time configuration that decided how the call ran: reproducibility
+// branch, dynamic threads, fast memory manager, calling thread, thread counts
+// (with each domain whose count differs from the general one), work division.
+void append_configuration(BoundedText& text)
+{
+    char branch[32];
+    text.append(" CNR:%s", cbwr_branch_name(cbwr_get(1), branch, sizeof branch));
+    text.append(" Dyn:%d", get_dynamic());
+    text.append(" FastMM:%d", fast_mm_enabled() ? 1 : 0);
+    text.append(" TID:%-2d", omp_get_thread_num());
+    const int max_threads = get_max_threads();
+    text.append(" NThr:%d", max_threads);
+    static constexpr const char* kDomainLabels[] = {",BLAS:%d", ",FFT:%d", ",KOR:%d", ",TAVELIN:%d"};
+    for (int domain = kDomainBlas; domain <= kDomainTavelin; ++domain) {
+        const int count = get_max_threads_for_domain(domain);
+        if (count != max_threads) text.append(kDomainLabels[domain - kDomainBlas], count);
+    }
+    text.append(" WDiv:HOST:%+6.3f", kHostWorkShare);
+    for (int device = 0; device < kCoprocessorDevices; ++device) text.append(" WDiv:%d:%+6.3f", device, 0.0);
+}
 
 }  // namespace
 
@@ -97,7 +121,9 @@ void format_trace_banner(BoundedText& text, int iface)
     text.append(" %s build %s for %s %s", version.product_status, version.build, version.platform,
                 version.processor);
     text.append(", %s", platform::system_name());
-    text.append(" %.2fGHz", processor_brand_ghz());
+    // Processors whose brand string names no frequency show the measured one.
+    const double brand_ghz = processor_brand_ghz();
+    text.append(" %.2fGHz", brand_ghz > 0.0 ? brand_ghz : timestamp_rate_ghz());
     if (iface != 0) {
         char scratch[16];
         text.append(" %s", interface_name(iface, scratch, sizeof scratch));

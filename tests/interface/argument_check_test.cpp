@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "../internal/child_process.h"
+#include "child_process.h"
 #include "orv.h"
 #include "orv_test.h"
 

@@ -1,0 +1,24 @@
+// Operating-system services of the memory manager: one thread-local slot
+// for the thread index, and loading the high-bandwidth library by name.
+// Definitions in memory_posix.cpp and memory_windows.cpp.
+#pragma once
+
+namespace orv::memory_os {
+
+// Creates the process's thread-local slot and arranges its release at
+// process exit. Called once; false when the system has no slot to give.
+bool create_thread_slot();
+// The calling thread's value in the slot; 0 until it writes one.
+unsigned read_thread_slot();
+void write_thread_slot(unsigned value);
+
+// File name of the high-bandwidth memory library on this system.
+const char* high_bandwidth_library_name();
+
+// Opens library `name` from the directory of the module holding this code,
+// then from the system's own location; null when neither works.
+void* open_library(const char* name);
+void* find_symbol(void* library, const char* symbol);
+void close_library(void* library);
+
+}  // namespace orv::memory_os
