@@ -35,7 +35,9 @@ TEST(Dispatch, BuildOfEveryCodePath)
     for (const auto& c : cases) {
         Build build = Build::def;
         ASSERT_EQ(orv::build_for_code_path(c.code, c.branch, &build), c.usable) << c.code;
-        if (c.usable) EXPECT_EQ(build, c.build) << "code " << c.code << " branch " << c.branch;
+        if (c.usable) {
+            EXPECT_EQ(build, c.build) << "code " << c.code << " branch " << c.branch;
+        }
     }
 }
 
