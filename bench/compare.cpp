@@ -1,0 +1,365 @@
+// Shared pieces of the benchmark programs. Compiled for the x86-64 baseline.
+
+#include "bench/compare.h"
+
+#include <dlfcn.h>
+#include <emmintrin.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <thread>
+
+namespace bench {
+
+// ---------------------------------------------------------------------------
+// Comparison library.
+
+namespace {
+
+template <typename F>
+bool resolve(void* handle, const char* name, F* target, bool required)
+{
+    *target = reinterpret_cast<F>(dlsym(handle, name));
+    if (*target == nullptr && required) {
+        std::printf("%s: symbol %s not found in %s; its rows are skipped\n", kRefName, name, kRefPath);
+        return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+void RefBlas::set_threads(int n) const
+{
+    if (set_num_threads != nullptr) set_num_threads(n);
+}
+
+std::string RefBlas::describe() const
+{
+    if (!loaded()) return std::string(kRefName) + ": not loaded";
+    std::string text = std::string(kRefName) + " from " + kRefPath;
+    if (get_corename != nullptr) text += ", core " + std::string(get_corename());
+    if (get_config != nullptr) text += ", config \"" + std::string(get_config()) + "\"";
+    return text;
+}
+
+const RefBlas& load_ref(int max_threads)
+{
+    static RefBlas ref;
+    static bool tried = false;
+    if (tried) return ref;
+    tried = true;
+
+    if (std::getenv("OPENBLAS_NUM_THREADS") == nullptr) {
+        setenv("OPENBLAS_NUM_THREADS", std::to_string(max_threads).c_str(), 1);
+    }
+    void* handle = dlopen(kRefPath, RTLD_NOW | RTLD_LOCAL);
+    if (handle == nullptr) {
+        std::printf("%s not available (%s): its rows are skipped\n", kRefPath, dlerror());
+        return ref;
+    }
+    RefBlas r;
+    bool ok = true;
+    ok &= resolve(handle, "ddot_", &r.ddot, true);
+    ok &= resolve(handle, "daxpy_", &r.daxpy, true);
+    ok &= resolve(handle, "dscal_", &r.dscal, true);
+    ok &= resolve(handle, "dcopy_", &r.dcopy, true);
+    ok &= resolve(handle, "dasum_", &r.dasum, true);
+    ok &= resolve(handle, "dnrm2_", &r.dnrm2, true);
+    ok &= resolve(handle, "idamax_", &r.idamax, true);
+    ok &= resolve(handle, "zdotc_", &r.zdotc, true);
+    ok &= resolve(handle, "zaxpy_", &r.zaxpy, true);
+    ok &= resolve(handle, "dgemm_", &r.dgemm, true);
+    ok &= resolve(handle, "openblas_set_num_threads", &r.set_num_threads, true);
+    resolve(handle, "openblas_get_corename", &r.get_corename, false);
+    resolve(handle, "openblas_get_config", &r.get_config, false);
+    if (!ok) {
+        dlclose(handle);
+        return ref;
+    }
+    r.handle = handle;
+    ref = r;
+    return ref;
+}
+
+// ---------------------------------------------------------------------------
+// ORV settings.
+
+void prepare_orv_environment()
+{
+    if (std::getenv("ORV_DYNAMIC") == nullptr) setenv("ORV_DYNAMIC", "false", 1);
+}
+
+int expected_orv_path()
+{
+    if (const char* forced = std::getenv("ORV_DEBUG_CPU_TYPE"); forced != nullptr && *forced != '\0') {
+        return std::atoi(forced);
+    }
+    const char* cap = std::getenv("ORV_ENABLE_INSTRUCTIONS");
+    const bool allow512 = cap != nullptr && std::strcmp(cap, "AVX512") == 0;
+    if (allow512 && __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512dq") &&
+        __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512vl")) {
+        return 7;
+    }
+    if (__builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma")) return 5;
+    if (__builtin_cpu_supports("avx")) return 4;
+    if (__builtin_cpu_supports("sse4.2")) return 3;
+    if (__builtin_cpu_supports("ssse3")) return 2;
+    return 0;
+}
+
+const char* path_name(int path)
+{
+    static const char* const names[] = {"def", "def", "mc", "mc3", "avx", "avx2", "avx512_qix", "avx512"};
+    return path >= 0 && path <= 7 ? names[path] : "?";
+}
+
+void settle_if_switching(const std::string& library, int threads)
+{
+    static std::string last;
+    if (threads > 1 && !last.empty() && last != library) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    }
+    last = library;
+}
+
+// ---------------------------------------------------------------------------
+// Buffers.
+
+void FreeDeleter::operator()(double* p) const
+{
+    std::free(p);
+}
+
+Buffer make_buffer(std::size_t count, unsigned seed)
+{
+    const std::size_t bytes = ((std::max<std::size_t>(count, 1) * sizeof(double) + 63) / 64) * 64;
+    auto* p = static_cast<double*>(std::aligned_alloc(64, bytes));
+    if (p == nullptr) {
+        std::fprintf(stderr, "out of memory (%zu bytes)\n", bytes);
+        std::exit(1);
+    }
+    // A 64-bit linear congruential generator: fast enough for 10^8 values.
+    std::uint64_t state = 0x9E3779B97F4A7C15ull * (seed + 1);
+    for (std::size_t i = 0; i < count; ++i) {
+        state = state * 6364136223846793005ull + 1442695040888963407ull;
+        p[i] = static_cast<double>(state >> 11) * 0x1.0p-52 - 1.0;
+    }
+    return Buffer(p);
+}
+
+// ---------------------------------------------------------------------------
+// Streaming loops: SSE2, four independent partial sums so that the read loops
+// are limited by memory and not by the latency of one chain of additions.
+
+double stream_read1(const double* x, std::size_t n)
+{
+    __m128d s0 = _mm_setzero_pd(), s1 = s0, s2 = s0, s3 = s0;
+    std::size_t i = 0;
+    for (; i + 8 <= n; i += 8) {
+        s0 = _mm_add_pd(s0, _mm_loadu_pd(x + i));
+        s1 = _mm_add_pd(s1, _mm_loadu_pd(x + i + 2));
+        s2 = _mm_add_pd(s2, _mm_loadu_pd(x + i + 4));
+        s3 = _mm_add_pd(s3, _mm_loadu_pd(x + i + 6));
+    }
+    __m128d s = _mm_add_pd(_mm_add_pd(s0, s1), _mm_add_pd(s2, s3));
+    double t[2];
+    _mm_storeu_pd(t, s);
+    double sum = t[0] + t[1];
+    for (; i < n; ++i) sum += x[i];
+    return sum;
+}
+
+double stream_read2(const double* x, const double* y, std::size_t n)
+{
+    __m128d s0 = _mm_setzero_pd(), s1 = s0, s2 = s0, s3 = s0;
+    std::size_t i = 0;
+    for (; i + 4 <= n; i += 4) {
+        s0 = _mm_add_pd(s0, _mm_loadu_pd(x + i));
+        s1 = _mm_add_pd(s1, _mm_loadu_pd(y + i));
+        s2 = _mm_add_pd(s2, _mm_loadu_pd(x + i + 2));
+        s3 = _mm_add_pd(s3, _mm_loadu_pd(y + i + 2));
+    }
+    __m128d s = _mm_add_pd(_mm_add_pd(s0, s1), _mm_add_pd(s2, s3));
+    double t[2];
+    _mm_storeu_pd(t, s);
+    double sum = t[0] + t[1];
+    for (; i < n; ++i) sum += x[i] + y[i];
+    return sum;
+}
+
+void stream_update(const double* x, double* y, std::size_t n)
+{
+    std::size_t i = 0;
+    for (; i + 4 <= n; i += 4) {
+        _mm_storeu_pd(y + i, _mm_add_pd(_mm_loadu_pd(x + i), _mm_loadu_pd(y + i)));
+        _mm_storeu_pd(y + i + 2, _mm_add_pd(_mm_loadu_pd(x + i + 2), _mm_loadu_pd(y + i + 2)));
+    }
+    for (; i < n; ++i) y[i] = x[i] + y[i];
+}
+
+void stream_scale(double c, double* x, std::size_t n)
+{
+    const __m128d vc = _mm_set1_pd(c);
+    std::size_t i = 0;
+    for (; i + 4 <= n; i += 4) {
+        _mm_storeu_pd(x + i, _mm_mul_pd(vc, _mm_loadu_pd(x + i)));
+        _mm_storeu_pd(x + i + 2, _mm_mul_pd(vc, _mm_loadu_pd(x + i + 2)));
+    }
+    for (; i < n; ++i) x[i] = c * x[i];
+}
+
+void stream_copy(const double* x, double* y, std::size_t n)
+{
+    std::size_t i = 0;
+    for (; i + 4 <= n; i += 4) {
+        _mm_storeu_pd(y + i, _mm_loadu_pd(x + i));
+        _mm_storeu_pd(y + i + 2, _mm_loadu_pd(x + i + 2));
+    }
+    for (; i < n; ++i) y[i] = x[i];
+}
+
+// ---------------------------------------------------------------------------
+// Peak loops (one source file per instruction set).
+
+double peak_sse_muladd(long rounds, double a, double b);
+double peak_avx_muladd(long rounds, double a, double b);
+double peak_avx2_fma(long rounds, double a, double b);
+double peak_avx512_fma(long rounds, double a, double b);
+extern const double kPeakSseFlops, kPeakAvxFlops, kPeakAvx2Flops, kPeakAvx512Flops;
+
+const std::vector<PeakLoop>& peak_loops()
+{
+    static const std::vector<PeakLoop> loops = {
+        {"sse_muladd", "sse2", true, kPeakSseFlops, peak_sse_muladd},
+        {"avx_muladd", "avx", __builtin_cpu_supports("avx") != 0, kPeakAvxFlops, peak_avx_muladd},
+        {"avx2_fma", "avx2 and fma", __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma"), kPeakAvx2Flops,
+         peak_avx2_fma},
+        {"avx512_fma", "avx512f", __builtin_cpu_supports("avx512f") != 0, kPeakAvx512Flops, peak_avx512_fma},
+    };
+    return loops;
+}
+
+const char* peak_for_path(int path)
+{
+    if (path <= 3) return "sse_muladd";
+    if (path == 4) return "avx_muladd";
+    if (path == 5) return "avx2_fma";
+    return "avx512_fma";
+}
+
+// ---------------------------------------------------------------------------
+// Reporter.
+
+void CollectingReporter::ReportRuns(const std::vector<Run>& reports)
+{
+    for (const Run& run : reports) {
+        if (run.run_type == Run::RT_Iteration) runs_[run.run_name.function_name].push_back(run);
+    }
+    ConsoleReporter::ReportRuns(reports);
+}
+
+const Result* CollectingReporter::find(const std::string& name) const
+{
+    if (auto it = cache_.find(name); it != cache_.end()) return &it->second;
+    auto it = runs_.find(name);
+    if (it == runs_.end()) return nullptr;
+    Result result;
+    std::map<std::string, std::vector<double>> values;
+    for (const Run& run : it->second) {
+        if (run.error_occurred) {
+            result.error = run.error_message;
+            continue;
+        }
+        for (const auto& [key, counter] : run.counters) values[key].push_back(counter.value);
+    }
+    if (!values.empty()) {
+        result.ok = true;
+        for (auto& [key, list] : values) {
+            std::sort(list.begin(), list.end());
+            const std::size_t m = list.size();
+            result.counters[key] = m % 2 == 1 ? list[m / 2] : 0.5 * (list[m / 2 - 1] + list[m / 2]);
+            result.best[key] = list.back();
+        }
+    }
+    return &cache_.emplace(name, std::move(result)).first->second;
+}
+
+// ---------------------------------------------------------------------------
+// Options and text.
+
+std::string take_option(int* argc, char** argv, const std::string& name, const std::string& fallback)
+{
+    const std::string prefix = "--" + name + "=";
+    std::string value = fallback;
+    int out = 1;
+    for (int i = 1; i < *argc; ++i) {
+        if (std::strncmp(argv[i], prefix.c_str(), prefix.size()) == 0) {
+            value = argv[i] + prefix.size();
+        } else {
+            argv[out++] = argv[i];
+        }
+    }
+    *argc = out;
+    argv[out] = nullptr;
+    return value;
+}
+
+std::vector<std::string> split(const std::string& text, char sep)
+{
+    std::vector<std::string> parts;
+    std::size_t start = 0;
+    while (start <= text.size()) {
+        const std::size_t end = text.find(sep, start);
+        const std::string part = text.substr(start, end == std::string::npos ? std::string::npos : end - start);
+        if (!part.empty()) parts.push_back(part);
+        if (end == std::string::npos) break;
+        start = end + 1;
+    }
+    return parts;
+}
+
+// "8,16,1000" or ranges "4-32".
+std::vector<long> parse_list(const std::string& text)
+{
+    std::vector<long> values;
+    for (const std::string& part : split(text, ',')) {
+        const std::size_t dash = part.find('-', 1);
+        if (dash != std::string::npos) {
+            const long lo = std::atol(part.substr(0, dash).c_str());
+            const long hi = std::atol(part.substr(dash + 1).c_str());
+            for (long v = lo; v <= hi; ++v) values.push_back(v);
+        } else {
+            values.push_back(std::atol(part.c_str()));
+        }
+    }
+    return values;
+}
+
+std::string format_fixed(double value, int digits)
+{
+    char text[64];
+    std::snprintf(text, sizeof text, "%.*f", digits, value);
+    return text;
+}
+
+std::string machine_description()
+{
+    std::ifstream cpuinfo("/proc/cpuinfo");
+    std::string line, model = "unknown processor";
+    while (std::getline(cpuinfo, line)) {
+        if (line.rfind("model name", 0) == 0) {
+            const std::size_t colon = line.find(':');
+            if (colon != std::string::npos) model = line.substr(colon + 2);
+            break;
+        }
+    }
+    return model + ", " + std::to_string(std::thread::hardware_concurrency()) + " logical processors";
+}
+
+}  // namespace bench

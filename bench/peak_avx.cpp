@@ -1,0 +1,34 @@
+// Multiply-plus-add peak of 256-bit registers without FMA (compiled with
+// -mavx): seven chains of multiplies and seven chains of additions.
+#include <immintrin.h>
+
+namespace bench {
+
+extern const double kPeakAvxFlops = 7 * 2 * 4;
+
+double peak_avx_muladd(long rounds, double a, double b)
+{
+    const __m256d va = _mm256_set1_pd(a), vb = _mm256_set1_pd(b);
+    __m256d m0 = _mm256_set1_pd(1.0), m1 = _mm256_set1_pd(2.0), m2 = _mm256_set1_pd(3.0), m3 = _mm256_set1_pd(4.0);
+    __m256d m4 = _mm256_set1_pd(5.0), m5 = _mm256_set1_pd(6.0), m6 = _mm256_set1_pd(7.0);
+    __m256d s0 = _mm256_set1_pd(1.0), s1 = _mm256_set1_pd(2.0), s2 = _mm256_set1_pd(3.0), s3 = _mm256_set1_pd(4.0);
+    __m256d s4 = _mm256_set1_pd(5.0), s5 = _mm256_set1_pd(6.0), s6 = _mm256_set1_pd(7.0);
+    for (long r = 0; r < rounds; ++r) {
+        m0 = _mm256_mul_pd(m0, va); s0 = _mm256_add_pd(s0, vb);
+        m1 = _mm256_mul_pd(m1, va); s1 = _mm256_add_pd(s1, vb);
+        m2 = _mm256_mul_pd(m2, va); s2 = _mm256_add_pd(s2, vb);
+        m3 = _mm256_mul_pd(m3, va); s3 = _mm256_add_pd(s3, vb);
+        m4 = _mm256_mul_pd(m4, va); s4 = _mm256_add_pd(s4, vb);
+        m5 = _mm256_mul_pd(m5, va); s5 = _mm256_add_pd(s5, vb);
+        m6 = _mm256_mul_pd(m6, va); s6 = _mm256_add_pd(s6, vb);
+    }
+    __m256d t = _mm256_add_pd(_mm256_add_pd(_mm256_add_pd(m0, m1), _mm256_add_pd(m2, m3)),
+                              _mm256_add_pd(_mm256_add_pd(m4, m5), m6));
+    t = _mm256_add_pd(t, _mm256_add_pd(_mm256_add_pd(_mm256_add_pd(s0, s1), _mm256_add_pd(s2, s3)),
+                                       _mm256_add_pd(_mm256_add_pd(s4, s5), s6)));
+    double out[4];
+    _mm256_storeu_pd(out, t);
+    return out[0] + out[1] + out[2] + out[3];
+}
+
+}  // namespace bench
