@@ -1,43 +1,38 @@
-// Build tables of the vector engine.
+// Build tables of the vector engine: one per build, each pointing to its own
+// path's kernels.
 
 #include "level1/dispatch.h"
+
+// The members of a build whose kernels all lie in namespace `ns`.
+#define ORV_LEVEL1_TABLE(ns)                                                                                      \
+    Level1Kernels                                                                                                 \
+    {                                                                                                             \
+        .ddot = ns::ddot, .daxpy = ns::daxpy, .dscal = ns::dscal, .dcopy = ns::dcopy, .dswap = ns::dswap,         \
+        .zdotc = ns::zdotc, .zdotu = ns::zdotu, .zaxpy = ns::zaxpy, .zscal = ns::zscal, .zdscal = ns::zdscal,     \
+        .zcopy = ns::zcopy, .zswap = ns::zswap, .dnrm2 = ns::dnrm2, .dznrm2 = ns::dznrm2, .dasum = ns::dasum,     \
+        .dzasum = ns::dzasum, .idamax = ns::idamax, .izamax = ns::izamax, .dcabs1 = ns::dcabs1, .drot = ns::drot, \
+        .drotm = ns::drotm, .zdrot = ns::zdrot, .drotg = ns::drotg, .drotmg = ns::drotmg, .zrotg = ns::zrotg,     \
+    }
 
 namespace orv {
 namespace {
 
-constexpr Level1Kernels kDef = {
-    .ddot = def::ddot,
-    .daxpy = def::daxpy,
-    .dscal = def::dscal,
-    .dcopy = def::dcopy,
-    .dswap = def::dswap,
-    .zdotc = def::zdotc,
-    .zdotu = def::zdotu,
-    .zaxpy = def::zaxpy,
-    .zscal = def::zscal,
-    .zdscal = def::zdscal,
-    .zcopy = def::zcopy,
-    .zswap = def::zswap,
-    .dnrm2 = def::dnrm2,
-    .dznrm2 = def::dznrm2,
-    .dasum = def::dasum,
-    .dzasum = def::dzasum,
-    .idamax = def::idamax,
-    .izamax = def::izamax,
-    .dcabs1 = def::dcabs1,
-    .drot = def::drot,
-    .drotm = def::drotm,
-    .zdrot = def::zdrot,
-    .drotg = def::drotg,
-    .drotmg = def::drotmg,
-    .zrotg = def::zrotg,
-};
+constexpr Level1Kernels kDef = ORV_LEVEL1_TABLE(def);
+constexpr Level1Kernels kMc = ORV_LEVEL1_TABLE(mc);
+constexpr Level1Kernels kMc3 = ORV_LEVEL1_TABLE(mc3);
+constexpr Level1Kernels kAvx = ORV_LEVEL1_TABLE(avx);
+constexpr Level1Kernels kAvx2 = ORV_LEVEL1_TABLE(avx2);
+constexpr Level1Kernels kAvx512Qix = ORV_LEVEL1_TABLE(avx512_qix);
+constexpr Level1Kernels kAvx512 = ORV_LEVEL1_TABLE(avx512);
 
 // The reproducible build: the baseline kernels, except where the baseline's
 // order depends on the placement of the arrays.
 constexpr Level1Kernels kCnr = [] {
     Level1Kernels table = kDef;
     table.ddot = cnr::ddot;
+    table.dasum = cnr::dasum;
+    table.zdotc = cnr::zdotc;
+    table.zdotu = cnr::zdotu;
     return table;
 }();
 
@@ -45,10 +40,9 @@ constexpr Level1Kernels kCnr = [] {
 
 Level1Kernels Family<Level1Kernels>::slots{};
 
-// Until a path has kernels of its own, it runs the baseline's.
 const Level1Kernels* const Family<Level1Kernels>::builds[kBuildCount] = {
-    /* avx512 */ &kDef, /* avx512_qix */ &kDef, /* avx2 */ &kDef, /* avx */ &kDef,
-    /* mc3 */ &kDef,    /* cnr */ &kCnr,        /* mc */ &kDef,   /* def */ &kDef,
+    /* avx512 */ &kAvx512, /* avx512_qix */ &kAvx512Qix, /* avx2 */ &kAvx2, /* avx */ &kAvx,
+    /* mc3 */ &kMc3,       /* cnr */ &kCnr,               /* mc */ &kMc,     /* def */ &kDef,
 };
 
 }  // namespace orv

@@ -54,8 +54,35 @@ void zrotg(dcomplex* ca, const dcomplex* cb, double* c, dcomplex* s);
 
 namespace orv::cnr {
 
-// The baseline dot product without alignment peeling: the same bits for any
-// placement of x and y.
+// The baseline orders without alignment peeling: the same bits for any
+// placement of the arrays. The other kernels of the reproducible build are
+// the baseline's, whose results do not depend on placement.
 double ddot(const i64* n, const double* x, const i64* incx, const double* y, const i64* incy);
+double dasum(const i64* n, const double* x, const i64* incx);
+void zdotc(dcomplex* result, const i64* n, const dcomplex* x, const i64* incx, const dcomplex* y, const i64* incy);
+void zdotu(dcomplex* result, const i64* n, const dcomplex* x, const i64* incx, const dcomplex* y, const i64* incy);
 
 }  // namespace orv::cnr
+
+// The kernels of the other code paths: the same signatures in each path's
+// namespace, each built with its path's instruction set (folders under
+// level1/kernels/ named after the paths). Their orders are described in
+// level1/kernels/wide/.
+namespace orv::mc {
+#include "level1/kernels/signatures.inc"
+}  // namespace orv::mc
+namespace orv::mc3 {
+#include "level1/kernels/signatures.inc"
+}  // namespace orv::mc3
+namespace orv::avx {
+#include "level1/kernels/signatures.inc"
+}  // namespace orv::avx
+namespace orv::avx2 {
+#include "level1/kernels/signatures.inc"
+}  // namespace orv::avx2
+namespace orv::avx512_qix {
+#include "level1/kernels/signatures.inc"
+}  // namespace orv::avx512_qix
+namespace orv::avx512 {
+#include "level1/kernels/signatures.inc"
+}  // namespace orv::avx512

@@ -41,35 +41,50 @@ TEST(Dispatch, BuildOfEveryCodePath)
     }
 }
 
-// Child: one dispatched call, then which member its slot holds.
+// Child: one dispatched call, then the builds whose table holds the member
+// the slot received ("slot=" followed by their indices).
 TEST(DispatchChild, DISABLED_InstalledDot)
 {
     const orv::i64 n = 3, inc = 1;
     const double x[3] = {1, 2, 3};
-    ASSERT_EQ(orv::Family<orv::Level1Kernels>::slots.ddot, nullptr);
+    using Family = orv::Family<orv::Level1Kernels>;
+    ASSERT_EQ(Family::slots.ddot, nullptr);
     const double dot = orv::dispatch<&orv::Level1Kernels::ddot>(&n, x, &inc, x, &inc);
-    const auto slot = orv::Family<orv::Level1Kernels>::slots.ddot;
-    std::printf("dot=%g slot=%s\n", dot,
-                slot == &orv::cnr::ddot ? "cnr" : slot == &orv::def::ddot ? "def" : "other");
+    std::printf("dot=%g slot=", dot);
+    for (int b = 0; b < orv::kBuildCount; ++b)
+        if (Family::builds[b]->ddot == Family::slots.ddot) std::printf("%d,", b);
+    std::printf("\n");
     std::fflush(stdout);
 }
 
 TEST(Dispatch, ReproducibleBuildOnTheOldestPathsUnderAnyMode)
 {
+    using Family = orv::Family<orv::Level1Kernels>;
+    // The baseline and the reproducible build hold different dot kernels, so
+    // the two can be told apart.
+    ASSERT_NE(Family::builds[static_cast<int>(Build::def)]->ddot, Family::builds[static_cast<int>(Build::cnr)]->ddot);
     const struct {
         const char* path;
         const char* mode;
-        const char* slot;
+        Build build;
     } cases[] = {
-        {"0", nullptr, "def"}, {"0", "AUTO", "cnr"}, {"0", "COMPATIBLE", "cnr"},
-        {"2", "AUTO", "cnr"},  {"5", "AUTO", "def"},  // path 5 runs the baseline kernels for now
+        {"0", nullptr, Build::def}, {"0", "AUTO", Build::cnr}, {"0", "COMPATIBLE", Build::cnr},
+        {"2", nullptr, Build::mc},  {"2", "AUTO", Build::cnr}, {"5", "AUTO", Build::avx2},
+        {"7", nullptr, Build::avx512},
     };
     for (const auto& c : cases) {
         const ChildResult child =
             run_child("DispatchChild.DISABLED_InstalledDot", {{"ORV_DEBUG_CPU_TYPE", c.path}, {"ORV_CBWR", c.mode}});
         EXPECT_EQ(child.status, 0) << child.out;
-        EXPECT_NE(child.out.find(std::string("dot=14 slot=") + c.slot + "\n"), std::string::npos)
+        const std::string listed = child.out.substr(child.out.find("slot=") + 5);
+        const std::string wanted = std::to_string(static_cast<int>(c.build)) + ",";
+        const std::string other = std::to_string(static_cast<int>(c.build == Build::cnr ? Build::def : Build::cnr)) + ",";
+        EXPECT_NE(child.out.find("dot=14 "), std::string::npos) << child.out;
+        EXPECT_NE(listed.find(wanted), std::string::npos)
             << "path " << c.path << " mode " << (c.mode ? c.mode : "-") << ":\n" << child.out;
+        if (c.build == Build::def || c.build == Build::cnr) {
+            EXPECT_EQ(listed.find(other), std::string::npos) << child.out;
+        }
     }
 }
 

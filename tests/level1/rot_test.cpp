@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "level1_test.h"
+#include "models.h"
 
 namespace orvtest {
 namespace {
@@ -35,10 +36,12 @@ TEST_P(RotIncrements, DrotAndZdrot)
         std::vector<double> wx(n), wy(n);
         std::vector<zcomplex> zwx(n), zwy(n);
         for (int i = 0; i < n; ++i) {
-            wx[i] = c * xv[i] + s * yv[i];
-            wy[i] = c * yv[i] - s * xv[i];
-            zwx[i] = {c * zx[i].real() + s * zy[i].real(), c * zx[i].imag() + s * zy[i].imag()};
-            zwy[i] = {c * zy[i].real() - s * zx[i].real(), c * zy[i].imag() - s * zx[i].imag()};
+            const model::Rotated r = model::rot(c, s, xv[i], yv[i]);
+            const model::Rotated re = model::rot(c, s, zx[i].real(), zy[i].real());
+            const model::Rotated im = model::rot(c, s, zx[i].imag(), zy[i].imag());
+            wx[i] = r.x, wy[i] = r.y;
+            zwx[i] = {re.x, im.x};
+            zwy[i] = {re.y, im.y};
         }
         for (int ox : placements(inc))
             for (int oy : placements(inc)) {
@@ -80,10 +83,11 @@ TEST_P(RotIncrements, DrotmEveryFlag)
             const auto xv = random_values<double>(rng, n), yv = random_values<double>(rng, n);
             std::vector<double> wx = xv, wy = yv;
             for (int i = 0; i < n; ++i) {
-                const double x = xv[i], y = yv[i];
-                if (flag == -1) wx[i] = param[1] * x + param[3] * y, wy[i] = param[2] * x + param[4] * y;
-                if (flag == 0) wx[i] = x + param[3] * y, wy[i] = param[2] * x + y;
-                if (flag == 1) wx[i] = param[1] * x + y, wy[i] = -x + param[4] * y;
+                model::Rotated r{xv[i], yv[i]};
+                if (flag == -1) r = model::rotm_full(param[1], param[2], param[3], param[4], xv[i], yv[i]);
+                if (flag == 0) r = model::rotm_off_diagonal(param[2], param[3], xv[i], yv[i]);
+                if (flag == 1) r = model::rotm_diagonal(param[1], param[4], xv[i], yv[i]);
+                wx[i] = r.x, wy[i] = r.y;
             }
             for (int off : placements(inc)) {
                 Vec<double> x(n, inc.x, xv, off), y(n, inc.y, yv, off);
@@ -250,7 +254,7 @@ Weights drotmg_steps(double d1, double d2, double x1, double y1)
         const double t = y1 / p1;
         h12 = d2 * t;
         h21 = -d1 * t;
-        const double u = 1 - h12 * h21;
+        const double u = model::drotmg_u(-h12, h21);
         x1 *= u;
         d1 *= 1 / u;
         d2 *= 1 / u;
@@ -260,7 +264,7 @@ Weights drotmg_steps(double d1, double d2, double x1, double y1)
         const double t = x1 / p2;
         h11 = d1 * t;
         h22 = d2 * t;
-        const double u = 1 + h11 * h22;
+        const double u = model::drotmg_u(h11, h22);
         flag = 1;
         const double old_d1 = d1;
         d1 = d2 * (1 / u);

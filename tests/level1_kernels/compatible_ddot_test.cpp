@@ -1,6 +1,7 @@
-// The alignment-independent dot product, called directly: the same bits at
-// every placement of x and y, equal to the baseline order without peeling,
-// and equal to the baseline kernel wherever the baseline peels nothing.
+// The alignment-independent reductions of the reproducible build, called
+// directly: the same bits at every placement of the arrays, equal to the
+// baseline order without peeling, and equal to the baseline kernel wherever
+// the baseline peels nothing (arrays on 16-byte boundaries).
 #include "level1/kernels.h"
 #include "../level1/level1_test.h"
 #include "../level1/models.h"
@@ -41,6 +42,43 @@ TEST_P(CompatibleDdot, SameBitsAtEveryPlacement)
                 ASSERT_TRUE(x.holds(xv));
                 ASSERT_TRUE(y.holds(yv));
             }
+    }
+}
+
+// dasum, zdotc and zdotu likewise; the strided orders never depended on
+// placement.
+TEST_P(CompatibleDdot, SumsAndComplexDotsAtEveryPlacement)
+{
+    const IncPair inc = GetParam();
+    const orv::i64 incx = inc.x, incy = inc.y;
+    Rng rng(53);
+    for (int n : level1_sizes()) {
+        const orv::i64 n64 = n;
+        const auto xv = stored_as(random_values<double>(rng, n), inc.x);
+        const auto zx = stored_as(random_values<zcomplex>(rng, n), inc.x), zy = random_values<zcomplex>(rng, n);
+        auto zdot = [&](auto f, Vec<zcomplex>& x, Vec<zcomplex>& y) {
+            orv::dcomplex r{guard_value(), guard_value()};
+            f(&r, &n64, reinterpret_cast<const orv::dcomplex*>(x.data()), &incx,
+              reinterpret_cast<const orv::dcomplex*>(y.data()), &incy);
+            return zcomplex(r.re, r.im);
+        };
+        Vec<double> x0(n, inc.x, xv);
+        Vec<zcomplex> cx0(n, inc.x, zx), cy0(n, inc.y, zy);
+        const double asum = orv::cnr::dasum(&n64, x0.data(), &incx);
+        const zcomplex c = zdot(orv::cnr::zdotc, cx0, cy0), u = zdot(orv::cnr::zdotu, cx0, cy0);
+        ASSERT_TRUE(same_bits(asum, orv::def::dasum(&n64, x0.data(), &incx))) << "n=" << n;
+        ASSERT_TRUE(same_bits(c, zdot(orv::def::zdotc, cx0, cy0))) << "n=" << n;
+        ASSERT_TRUE(same_bits(u, zdot(orv::def::zdotu, cx0, cy0))) << "n=" << n;
+        for (int ox : offsets()) {
+            Vec<double> x(n, inc.x, xv, ox);
+            ASSERT_TRUE(same_bits(orv::cnr::dasum(&n64, x.data(), &incx), asum)) << "n=" << n << " at +" << ox;
+            ASSERT_TRUE(x.holds(xv));
+            for (int oy : {0, 8}) {
+                Vec<zcomplex> cx(n, inc.x, zx, ox), cy(n, inc.y, zy, oy);
+                ASSERT_TRUE(same_bits(zdot(orv::cnr::zdotc, cx, cy), c)) << "n=" << n << " at +" << ox << ",+" << oy;
+                ASSERT_TRUE(same_bits(zdot(orv::cnr::zdotu, cx, cy), u)) << "n=" << n << " at +" << ox << ",+" << oy;
+            }
+        }
     }
 }
 

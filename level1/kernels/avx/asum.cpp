@@ -1,0 +1,9 @@
+// Sums of magnitudes: the AVX code path's instance of the shared kernels.
+#include "level1/kernels/avx/vec.h"
+
+namespace orv::avx {
+
+#include "level1/kernels/wide/reduce.inc"
+#include "level1/kernels/wide/asum.inc"
+
+}  // namespace orv::avx

@@ -1,0 +1,8 @@
+// Euclidean norms: the AVX code path's instance of the shared kernels.
+#include "level1/kernels/avx/vec.h"
+
+namespace orv::avx {
+
+#include "level1/kernels/wide/nrm2.inc"
+
+}  // namespace orv::avx

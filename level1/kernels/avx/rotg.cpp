@@ -1,0 +1,8 @@
+// Construction of plane rotations: the AVX code path's instance of the shared kernels.
+#include "level1/kernels/avx/vec.h"
+
+namespace orv::avx {
+
+#include "level1/kernels/wide/rotg.inc"
+
+}  // namespace orv::avx

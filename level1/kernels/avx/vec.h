@@ -1,0 +1,12 @@
+// Vector traits of the AVX code path, in its own namespace.
+#pragma once
+
+#include "level1/kernels/simd.h"
+
+namespace orv::avx {
+
+#include "level1/kernels/wide/narrow.inc"
+#include "level1/kernels/wide/vec256.inc"
+#include "level1/kernels/wide/common.inc"
+
+}  // namespace orv::avx

@@ -1,0 +1,9 @@
+// Sums of magnitudes: the AVX2 code path's instance of the shared kernels.
+#include "level1/kernels/avx2/vec.h"
+
+namespace orv::avx2 {
+
+#include "level1/kernels/wide/reduce.inc"
+#include "level1/kernels/wide/asum.inc"
+
+}  // namespace orv::avx2

@@ -1,0 +1,8 @@
+// Index of the largest magnitude: the AVX2 code path's instance of the shared kernels.
+#include "level1/kernels/avx2/vec.h"
+
+namespace orv::avx2 {
+
+#include "level1/kernels/wide/iamax.inc"
+
+}  // namespace orv::avx2

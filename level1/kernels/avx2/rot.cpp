@@ -1,0 +1,8 @@
+// Application of plane rotations: the AVX2 code path's instance of the shared kernels.
+#include "level1/kernels/avx2/vec.h"
+
+namespace orv::avx2 {
+
+#include "level1/kernels/wide/rot.inc"
+
+}  // namespace orv::avx2

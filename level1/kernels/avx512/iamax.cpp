@@ -1,0 +1,8 @@
+// Index of the largest magnitude: the server AVX-512 code path's instance of the shared kernels.
+#include "level1/kernels/avx512/vec.h"
+
+namespace orv::avx512 {
+
+#include "level1/kernels/wide/iamax.inc"
+
+}  // namespace orv::avx512

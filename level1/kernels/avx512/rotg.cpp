@@ -1,0 +1,8 @@
+// Construction of plane rotations: the server AVX-512 code path's instance of the shared kernels.
+#include "level1/kernels/avx512/vec.h"
+
+namespace orv::avx512 {
+
+#include "level1/kernels/wide/rotg.inc"
+
+}  // namespace orv::avx512

@@ -1,0 +1,18 @@
+// Vector traits of the many-core AVX-512 (F and CD) code path, in its own namespace.
+#pragma once
+
+// GCC 12 reports the deliberately undefined pass-through operand inside its
+// own 512-bit intrinsics as "maybe uninitialized"; the report is spurious.
+#if defined(__GNUC__) && !defined(__clang__) && __GNUC__ < 13
+#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#endif
+
+#include "level1/kernels/simd.h"
+
+namespace orv::avx512_qix {
+
+#include "level1/kernels/wide/narrow.inc"
+#include "level1/kernels/wide/vec512.inc"
+#include "level1/kernels/wide/common.inc"
+
+}  // namespace orv::avx512_qix

@@ -1,0 +1,9 @@
+// Sums of magnitudes: the SSSE3 code path's instance of the shared kernels.
+#include "level1/kernels/mc/vec.h"
+
+namespace orv::mc {
+
+#include "level1/kernels/wide/reduce.inc"
+#include "level1/kernels/wide/asum.inc"
+
+}  // namespace orv::mc

@@ -1,0 +1,8 @@
+// Index of the largest magnitude: the SSSE3 code path's instance of the shared kernels.
+#include "level1/kernels/mc/vec.h"
+
+namespace orv::mc {
+
+#include "level1/kernels/wide/iamax.inc"
+
+}  // namespace orv::mc

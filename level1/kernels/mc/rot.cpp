@@ -1,0 +1,8 @@
+// Application of plane rotations: the SSSE3 code path's instance of the shared kernels.
+#include "level1/kernels/mc/vec.h"
+
+namespace orv::mc {
+
+#include "level1/kernels/wide/rot.inc"
+
+}  // namespace orv::mc

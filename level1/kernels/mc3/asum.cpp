@@ -1,0 +1,9 @@
+// Sums of magnitudes: the SSE4.2 code path's instance of the shared kernels.
+#include "level1/kernels/mc3/vec.h"
+
+namespace orv::mc3 {
+
+#include "level1/kernels/wide/reduce.inc"
+#include "level1/kernels/wide/asum.inc"
+
+}  // namespace orv::mc3
