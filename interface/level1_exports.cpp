@@ -1,8 +1,10 @@
-// Level-1 exports: widen the integers, run the kernel through its slot, trace.
+// Level-1 exports: widen the integers, run the threaded driver (or, for the
+// rotation constructors and dcabs1, the kernel through its slot), trace.
 // Level-1 routines have no argument checker and register no error handler.
 
 #include "interface/entry.h"
 #include "level1/dispatch.h"
+#include "level1/frame/drivers.h"
 #include "orv.h"
 
 namespace {
@@ -21,7 +23,7 @@ extern "C" double dasum_(const int* n, const double* x, const int* incx)
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx;
     return orv::run_traced(verbose, mode,
-        [&] { return orv::dispatch<&orv::Level1Kernels::dasum>(&n64, x, &incx64); },
+        [&] { return orv_blas_dasum(&n64, x, &incx64); },
         [&](char* text) { orv::format_call_text(text, "DASUM(%d,%p,%d)", *n, (const void*)x, *incx); });
 }
 
@@ -31,7 +33,7 @@ extern "C" double dzasum_(const int* n, const void* x, const int* incx)
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx;
     return orv::run_traced(verbose, mode,
-        [&] { return orv::dispatch<&orv::Level1Kernels::dzasum>(&n64, cz(x), &incx64); },
+        [&] { return orv_blas_dzasum(&n64, cz(x), &incx64); },
         [&](char* text) { orv::format_call_text(text, "DZASUM(%d,%p,%d)", *n, x, *incx); });
 }
 
@@ -41,7 +43,7 @@ extern "C" double dnrm2_(const int* n, const double* x, const int* incx)
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx;
     return orv::run_traced(verbose, mode,
-        [&] { return orv::dispatch<&orv::Level1Kernels::dnrm2>(&n64, x, &incx64); },
+        [&] { return orv_blas_dnrm2(&n64, x, &incx64); },
         [&](char* text) { orv::format_call_text(text, "DNRM2(%d,%p,%d)", *n, (const void*)x, *incx); });
 }
 
@@ -51,7 +53,7 @@ extern "C" double dznrm2_(const int* n, const void* x, const int* incx)
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx;
     return orv::run_traced(verbose, mode,
-        [&] { return orv::dispatch<&orv::Level1Kernels::dznrm2>(&n64, cz(x), &incx64); },
+        [&] { return orv_blas_dznrm2(&n64, cz(x), &incx64); },
         [&](char* text) { orv::format_call_text(text, "DZNRM2(%d,%p,%d)", *n, x, *incx); });
 }
 
@@ -62,7 +64,7 @@ extern "C" int idamax_(const int* n, const double* x, const int* incx)
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx;
     return static_cast<int>(orv::run_traced(verbose, mode,
-        [&] { return orv::dispatch<&orv::Level1Kernels::idamax>(&n64, x, &incx64); },
+        [&] { return orv_blas_idamax(&n64, x, &incx64); },
         [&](char* text) { orv::format_call_text(text, "IDAMAX(%d,%p,%d)", *n, (const void*)x, *incx); }));
 }
 
@@ -72,7 +74,7 @@ extern "C" int izamax_(const int* n, const void* x, const int* incx)
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx;
     return static_cast<int>(orv::run_traced(verbose, mode,
-        [&] { return orv::dispatch<&orv::Level1Kernels::izamax>(&n64, cz(x), &incx64); },
+        [&] { return orv_blas_izamax(&n64, cz(x), &incx64); },
         [&](char* text) { orv::format_call_text(text, "IZAMAX(%d,%p,%d)", *n, x, *incx); }));
 }
 
@@ -93,7 +95,7 @@ extern "C" double ddot_(const int* n, const double* x, const int* incx, const do
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx, incy64 = *incy;
     return orv::run_traced(verbose, mode,
-        [&] { return orv::dispatch<&orv::Level1Kernels::ddot>(&n64, x, &incx64, y, &incy64); },
+        [&] { return orv_blas_ddot(&n64, x, &incx64, y, &incy64); },
         [&](char* text) { orv::format_call_text(text, "DDOT(%d,%p,%d,%p,%d)", *n, (const void*)x, *incx,
                                                 (const void*)y, *incy); });
 }
@@ -106,7 +108,7 @@ extern "C" void zdotc_(void* result, const int* n, const void* x, const int* inc
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx, incy64 = *incy;
     orv::run_traced(verbose, mode,
-        [&] { orv::dispatch<&orv::Level1Kernels::zdotc>(wz(result), &n64, cz(x), &incx64, cz(y), &incy64); },
+        [&] { orv_blas_zdotc(wz(result), &n64, cz(x), &incx64, cz(y), &incy64); },
         [&](char* text) { orv::format_call_text(text, "ZDOTC(%p,%d,%p,%d,%p,%d)", result, *n, x, *incx, y, *incy); });
 }
 
@@ -116,7 +118,7 @@ extern "C" void zdotu_(void* result, const int* n, const void* x, const int* inc
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx, incy64 = *incy;
     orv::run_traced(verbose, mode,
-        [&] { orv::dispatch<&orv::Level1Kernels::zdotu>(wz(result), &n64, cz(x), &incx64, cz(y), &incy64); },
+        [&] { orv_blas_zdotu(wz(result), &n64, cz(x), &incx64, cz(y), &incy64); },
         [&](char* text) { orv::format_call_text(text, "ZDOTU(%p,%d,%p,%d,%p,%d)", result, *n, x, *incx, y, *incy); });
 }
 
@@ -128,7 +130,7 @@ extern "C" void daxpy_(const int* n, const double* alpha, const double* x, const
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx, incy64 = *incy;
     orv::run_traced(verbose, mode,
-        [&] { orv::dispatch<&orv::Level1Kernels::daxpy>(&n64, alpha, x, &incx64, y, &incy64); },
+        [&] { orv_blas_daxpy(&n64, alpha, x, &incx64, y, &incy64); },
         [&](char* text) { orv::format_call_text(text, "DAXPY(%d,%p,%p,%d,%p,%d)", *n, (const void*)alpha,
                                                 (const void*)x, *incx, (const void*)y, *incy); });
 }
@@ -139,7 +141,7 @@ extern "C" void zaxpy_(const int* n, const void* alpha, const void* x, const int
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx, incy64 = *incy;
     orv::run_traced(verbose, mode,
-        [&] { orv::dispatch<&orv::Level1Kernels::zaxpy>(&n64, cz(alpha), cz(x), &incx64, wz(y), &incy64); },
+        [&] { orv_blas_zaxpy(&n64, cz(alpha), cz(x), &incx64, wz(y), &incy64); },
         [&](char* text) { orv::format_call_text(text, "ZAXPY(%d,%p,%p,%d,%p,%d)", *n, alpha, x, *incx, y, *incy); });
 }
 
@@ -149,7 +151,7 @@ extern "C" void dcopy_(const int* n, const double* x, const int* incx, double* y
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx, incy64 = *incy;
     orv::run_traced(verbose, mode,
-        [&] { orv::dispatch<&orv::Level1Kernels::dcopy>(&n64, x, &incx64, y, &incy64); },
+        [&] { orv_blas_dcopy(&n64, x, &incx64, y, &incy64); },
         [&](char* text) { orv::format_call_text(text, "DCOPY(%d,%p,%d,%p,%d)", *n, (const void*)x, *incx,
                                                 (const void*)y, *incy); });
 }
@@ -160,7 +162,7 @@ extern "C" void zcopy_(const int* n, const void* x, const int* incx, void* y, co
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx, incy64 = *incy;
     orv::run_traced(verbose, mode,
-        [&] { orv::dispatch<&orv::Level1Kernels::zcopy>(&n64, cz(x), &incx64, wz(y), &incy64); },
+        [&] { orv_blas_zcopy(&n64, cz(x), &incx64, wz(y), &incy64); },
         [&](char* text) { orv::format_call_text(text, "ZCOPY(%d,%p,%d,%p,%d)", *n, x, *incx, y, *incy); });
 }
 
@@ -170,7 +172,7 @@ extern "C" void dswap_(const int* n, double* x, const int* incx, double* y, cons
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx, incy64 = *incy;
     orv::run_traced(verbose, mode,
-        [&] { orv::dispatch<&orv::Level1Kernels::dswap>(&n64, x, &incx64, y, &incy64); },
+        [&] { orv_blas_dswap(&n64, x, &incx64, y, &incy64); },
         [&](char* text) { orv::format_call_text(text, "DSWAP(%d,%p,%d,%p,%d)", *n, (const void*)x, *incx,
                                                 (const void*)y, *incy); });
 }
@@ -181,7 +183,7 @@ extern "C" void zswap_(const int* n, void* x, const int* incx, void* y, const in
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx, incy64 = *incy;
     orv::run_traced(verbose, mode,
-        [&] { orv::dispatch<&orv::Level1Kernels::zswap>(&n64, wz(x), &incx64, wz(y), &incy64); },
+        [&] { orv_blas_zswap(&n64, wz(x), &incx64, wz(y), &incy64); },
         [&](char* text) { orv::format_call_text(text, "ZSWAP(%d,%p,%d,%p,%d)", *n, x, *incx, y, *incy); });
 }
 
@@ -193,7 +195,7 @@ extern "C" void dscal_(const int* n, const double* alpha, double* x, const int* 
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx;
     orv::run_traced(verbose, mode,
-        [&] { orv::dispatch<&orv::Level1Kernels::dscal>(&n64, alpha, x, &incx64); },
+        [&] { orv_blas_dscal(&n64, alpha, x, &incx64); },
         [&](char* text) { orv::format_call_text(text, "DSCAL(%d,%p,%p,%d)", *n, (const void*)alpha, (const void*)x,
                                                 *incx); });
 }
@@ -204,7 +206,7 @@ extern "C" void zscal_(const int* n, const void* alpha, void* x, const int* incx
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx;
     orv::run_traced(verbose, mode,
-        [&] { orv::dispatch<&orv::Level1Kernels::zscal>(&n64, cz(alpha), wz(x), &incx64); },
+        [&] { orv_blas_zscal(&n64, cz(alpha), wz(x), &incx64); },
         [&](char* text) { orv::format_call_text(text, "ZSCAL(%d,%p,%p,%d)", *n, alpha, x, *incx); });
 }
 
@@ -214,7 +216,7 @@ extern "C" void zdscal_(const int* n, const double* alpha, void* x, const int* i
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx;
     orv::run_traced(verbose, mode,
-        [&] { orv::dispatch<&orv::Level1Kernels::zdscal>(&n64, alpha, wz(x), &incx64); },
+        [&] { orv_blas_zdscal(&n64, alpha, wz(x), &incx64); },
         [&](char* text) { orv::format_call_text(text, "ZDSCAL(%d,%p,%p,%d)", *n, (const void*)alpha, x, *incx); });
 }
 
@@ -227,7 +229,7 @@ extern "C" void drot_(const int* n, double* x, const int* incx, double* y, const
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx, incy64 = *incy;
     orv::run_traced(verbose, mode,
-        [&] { orv::dispatch<&orv::Level1Kernels::drot>(&n64, x, &incx64, y, &incy64, c, s); },
+        [&] { orv_blas_drot(&n64, x, &incx64, y, &incy64, c, s); },
         [&](char* text) { orv::format_call_text(text, "DROT(%d,%p,%d,%p,%d,%p,%p)", *n, (const void*)x, *incx,
                                                 (const void*)y, *incy, (const void*)c, (const void*)s); });
 }
@@ -239,7 +241,7 @@ extern "C" void zdrot_(const int* n, void* x, const int* incx, void* y, const in
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx, incy64 = *incy;
     orv::run_traced(verbose, mode,
-        [&] { orv::dispatch<&orv::Level1Kernels::zdrot>(&n64, wz(x), &incx64, wz(y), &incy64, c, s); },
+        [&] { orv_blas_zdrot(&n64, wz(x), &incx64, wz(y), &incy64, c, s); },
         [&](char* text) { orv::format_call_text(text, "ZDROT(%d,%p,%d,%p,%d,%p,%p)", *n, x, *incx, y, *incy,
                                                 (const void*)c, (const void*)s); });
 }
@@ -250,7 +252,7 @@ extern "C" void drotm_(const int* n, double* x, const int* incx, double* y, cons
     const int mode = orv::entry_mode(verbose);
     const orv::i64 n64 = *n, incx64 = *incx, incy64 = *incy;
     orv::run_traced(verbose, mode,
-        [&] { orv::dispatch<&orv::Level1Kernels::drotm>(&n64, x, &incx64, y, &incy64, param); },
+        [&] { orv_blas_drotm(&n64, x, &incx64, y, &incy64, param); },
         [&](char* text) { orv::format_call_text(text, "DROTM(%d,%p,%d,%p,%d,%p)", *n, (const void*)x, *incx,
                                                 (const void*)y, *incy, (const void*)param); });
 }
