@@ -2,10 +2,13 @@
 
 #include "level3/dispatch.h"
 
+#include "level3/gemm_path.h"
+
 namespace orv {
 namespace {
 
-constexpr Level3Kernels kCnr = {
+// Every build runs these members until it has its own.
+constexpr Level3Kernels kPlain = {
     .dgemm = cnr::dgemm,
     .zgemm = cnr::zgemm,
     .dsymm = cnr::dsymm,
@@ -23,14 +26,32 @@ constexpr Level3Kernels kCnr = {
     .ztrsm = cnr::ztrsm,
 };
 
+// The plain members, with the real product that a build has of its own.
+constexpr Level3Kernels with_dgemm(decltype(&cnr::dgemm) dgemm)
+{
+    Level3Kernels table = kPlain;
+    table.dgemm = dgemm;
+    return table;
+}
+
+constexpr Level3Kernels kAvx512 = with_dgemm(dgemm_avx512);
+constexpr Level3Kernels kAvx512Qix = with_dgemm(dgemm_avx512_qix);
+constexpr Level3Kernels kAvx2 = with_dgemm(dgemm_avx2);
+constexpr Level3Kernels kAvx = with_dgemm(dgemm_avx);
+constexpr Level3Kernels kMc3 = with_dgemm(dgemm_mc3);
+constexpr Level3Kernels kMc = with_dgemm(dgemm_mc);
+constexpr Level3Kernels kDef = with_dgemm(dgemm_def);
+// The baseline's product already gives the same bits on every processor and
+// wherever the arrays lie, so the reproducible build shares it.
+constexpr Level3Kernels kCnr = with_dgemm(dgemm_def);
+
 }  // namespace
 
 Level3Kernels Family<Level3Kernels>::slots{};
 
-// Every code path runs the compatible members until it has its own.
 const Level3Kernels* const Family<Level3Kernels>::builds[kBuildCount] = {
-    /* avx512 */ &kCnr, /* avx512_qix */ &kCnr, /* avx2 */ &kCnr, /* avx */ &kCnr,
-    /* mc3 */ &kCnr,    /* cnr */ &kCnr,        /* mc */ &kCnr,   /* def */ &kCnr,
+    /* avx512 */ &kAvx512, /* avx512_qix */ &kAvx512Qix, /* avx2 */ &kAvx2, /* avx */ &kAvx,
+    /* mc3 */ &kMc3,       /* cnr */ &kCnr,              /* mc */ &kMc,     /* def */ &kDef,
 };
 
 }  // namespace orv

@@ -266,7 +266,10 @@ TEST(Memory, ForeignReleaseOfCachedBlockMarksItFree)
 }
 
 // Byte pattern of one block: a wrong byte means two owners at once.
-unsigned char pattern(unsigned thread, unsigned serial) { return static_cast<unsigned char>(thread * 37 + serial * 11 + 1); }
+unsigned char pattern(unsigned thread, unsigned serial)
+{
+    return static_cast<unsigned char>(thread * 37 + serial * 11 + 1);
+}
 
 bool holds(const void* p, std::size_t size, unsigned char value)
 {

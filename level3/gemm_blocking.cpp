@@ -1,0 +1,135 @@
+// The register tile and the cache blocks of a blocked product, and its work
+// buffer.
+#include "level3/gemm_blocking.h"
+
+#include "level3/gemm_observer.h"
+#include "service/memory.h"
+
+namespace orv {
+
+namespace {
+
+i64 round_up(i64 x, i64 multiple) { return (x + multiple - 1) / multiple * multiple; }
+i64 min_of(i64 x, i64 y) { return x < y ? x : y; }
+i64 max_of(i64 x, i64 y) { return x > y ? x : y; }
+
+// Buffer layout: a 4 KiB aligned block; B starts 768 bytes past the page
+// after A, so that the two packed streams do not fall on the same cache sets;
+// 1664 bytes of slack let a kernel read a little past the last panel; blocks
+// of 2 MiB and more come in whole huge pages, so that nearby sizes ask the
+// memory manager for the same capacity and find their buffer in its cache.
+constexpr i64 kSlackBytes = 1664;
+constexpr i64 kHugePage = 2097152;
+constexpr i64 kBOffset = 768;
+constexpr i64 kPage = 4096;
+constexpr i64 kViewReserved = 128;
+
+// A remainder of at most an eighth of a block joins the last block.
+i64 depth_capacity(i64 k, i64 kc, i64 ku) { return min_of(k, round_up(kc + kc / 8, ku)); }
+
+void lay_out(i64 mc, i64 nc, i64 kc, i64 k, const KernelParams* params, BlockPlan* plan)
+{
+    const i64 kcr = round_up(kc, params->ku);
+    plan->mc = mc;
+    plan->nc = nc;
+    plan->kc = kc;
+    plan->depth_capacity = max_of(1, depth_capacity(k, kc, params->ku));
+    plan->slack_bytes = kSlackBytes;
+    plan->huge_page = kHugePage;
+    plan->b_offset = kBOffset;
+    plan->page = kPage;
+    plan->cached = 1;
+    plan->loop_variant = params->tile_mode == 4 ? 2 : 3;
+    plan->acquire = acquire_buffer;
+    plan->acquire_second = nullptr;
+    plan->release = release_buffer;
+    plan->a = PackedView{mc, plan->depth_capacity, params->mr, params->mr * kcr, kViewReserved, nullptr};
+    plan->b = PackedView{plan->depth_capacity, nc, params->nr, params->nr * kcr, kViewReserved, nullptr};
+    plan->buffer = nullptr;
+}
+
+}  // namespace
+
+void init_kernel_params(KernelParams* p, const GemmTile& tile, TileChooser chooser)
+{
+    *p = KernelParams{};
+    p->mr = tile.mr;
+    p->nr = tile.nr;
+    p->ku = 1;
+    p->alignment = 4;
+    p->choose_tile = chooser;
+}
+
+int settle_tile(KernelParams* p, const GemmTile& standard, const GemmTile& alternative)
+{
+    const bool alt = p->tile_mode == kTileModeAlternative;
+    const GemmTile& tile = alt ? alternative : standard;
+    if (alt) {
+        p->loop_order = kLoopOrderAlternative;
+    } else {
+        if (p->loop_order == 0) p->loop_order = kLoopOrderDefault;
+        if (p->tile_mode == 0) p->tile_mode = kTileModeDefault;
+    }
+    if (p->alignment == 0) p->alignment = 4;
+    const bool held = p->mr == tile.mr && p->nr == tile.nr && p->ku == 1;
+    p->mr = p->chosen_mr = tile.mr;
+    p->nr = p->chosen_nr = tile.nr;
+    p->ku = p->chosen_ku = 1;
+    return held ? 1 : 0;
+}
+
+void standard_block_sizes(i64 m, i64 n, i64 k, const KernelParams* params, BlockPlan* plan)
+{
+    const i64 mr = params->mr, nr = params->nr, ku = params->ku;
+    i64 kc;
+    if (k > 256) kc = k < 384 ? round_up(k / 2, ku) : 192;
+    else kc = max_of(round_up(k, ku), 128);
+    const i64 mc = round_up(min_of(max_of(m, mr), 5000), mr);
+    const i64 nc = round_up(min_of(max_of(n, nr), k < 48 ? 24 : 192), nr);
+    lay_out(mc, nc, kc, k, params, plan);
+}
+
+void combined_block_sizes(i64 m, i64 n, i64 k, const KernelParams* params, BlockPlan* plan)
+{
+    const i64 mr = params->mr, nr = params->nr;
+    const i64 kc = round_up(max_of(min_of(k, 256), 1), params->ku);
+    const i64 mc = round_up(min_of(max_of(m, mr), 4992), mr);
+    const i64 nc = round_up(min_of(max_of(n, nr), 128), nr);
+    lay_out(mc, nc, kc, k, params, plan);
+}
+
+i64 packed_b_offset_bytes(const BlockPlan& plan)
+{
+    return round_up(plan.a.rows * plan.a.cols * 8, plan.page) + plan.b_offset;
+}
+
+i64 buffer_bytes(const BlockPlan& plan)
+{
+    const i64 bytes = packed_b_offset_bytes(plan) + plan.b.rows * plan.b.cols * 8 + plan.slack_bytes;
+    return round_up(bytes, bytes >= plan.huge_page ? plan.huge_page : plan.page);
+}
+
+void acquire_buffer(BlockPlan* plan)
+{
+    plan->buffer = nullptr;
+    plan->a.data = nullptr;
+    plan->b.data = nullptr;
+    if (gemm_event(GemmEvent::buffer_request)) return;
+    const auto bytes = static_cast<std::size_t>(buffer_bytes(*plan));
+    const int alignment = static_cast<int>(plan->page);
+    void* p = plan->cached ? orv_malloc(bytes, alignment) : orv_malloc_uncached(bytes, alignment);
+    if (alloc_failed(p, "DGEMM")) return;
+    plan->buffer = p;
+    plan->a.data = static_cast<double*>(p);
+    plan->b.data = reinterpret_cast<double*>(static_cast<char*>(p) + packed_b_offset_bytes(*plan));
+}
+
+void release_buffer(BlockPlan* plan)
+{
+    orv_free(plan->buffer);
+    plan->buffer = nullptr;
+    plan->a.data = nullptr;
+    plan->b.data = nullptr;
+}
+
+}  // namespace orv

@@ -1,0 +1,51 @@
+// The register tile and the cache blocks of a blocked product, and its work
+// buffer.
+#pragma once
+
+#include "level3/gemm_records.h"
+
+namespace orv {
+
+// A fresh record for `tile` (ku 1), with the path's chooser; loop order,
+// tile mode and the chosen copies are left for the chooser.
+void init_kernel_params(KernelParams* p, const GemmTile& tile, TileChooser chooser);
+
+// The chooser of a path with default tile `standard` and `alternative`: tile
+// mode 16 takes the alternative and loop order 4; otherwise the default, and
+// a zero loop order or tile mode becomes 2. A zero alignment becomes 4.
+// Returns 1 when the record already held the tile, 0 when it was corrected.
+int settle_tile(KernelParams* p, const GemmTile& standard, const GemmTile& alternative);
+
+// Cache blocks for a product of m x k times k x n with the record's tile:
+//   kc: k above 256 is split in two near-equal halves below 384 and in blocks
+//       of 192 from there; up to 256 it is one block of at least 128;
+//   mc: all rows, at least one tile and at most 5000, in whole tiles;
+//   nc: all columns, at least one tile, at most 24 for k below 48 and at
+//       most 192 otherwise, in whole tiles.
+// Also lays out the packed views and the buffer routines.
+void standard_block_sizes(i64 m, i64 n, i64 k, const KernelParams* params, BlockPlan* plan);
+
+// The blocks of the baseline paths, sized for 128-bit registers: 256 deep,
+// 128 columns per slice (a 256 KiB slice of B stays in the second-level
+// cache), up to 4992 rows per block.
+void combined_block_sizes(i64 m, i64 n, i64 k, const KernelParams* params, BlockPlan* plan);
+
+// Depth of the k-block that starts at l0: kc, or all that is left when the
+// rest fits the buffer, so that a short tail never costs a pass of its own
+// over C.
+inline i64 block_depth(const BlockPlan& plan, i64 k, i64 l0)
+{
+    return k - l0 <= plan.depth_capacity ? k - l0 : plan.kc;
+}
+
+// Bytes of the work buffer and where packed B starts in it.
+i64 buffer_bytes(const BlockPlan& plan);
+i64 packed_b_offset_bytes(const BlockPlan& plan);
+
+// Takes the work buffer from the memory manager and points the packed views
+// into it; a buffer the memory manager cannot supply leaves them null.
+void acquire_buffer(BlockPlan* plan);
+// Returns the buffer to the memory manager and clears the pointers.
+void release_buffer(BlockPlan* plan);
+
+}  // namespace orv

@@ -1,0 +1,67 @@
+// What distinguishes the real matrix product of one code path from another:
+// which small-matrix roads it tries before the blocked road, and the register
+// tiles of its inner kernels. The driver, the packing and the roads
+// themselves are shared baseline code; only this description differs.
+#pragma once
+
+#include "level3/gemm_records.h"
+
+namespace orv {
+
+enum class GemmRouting {
+    small_and_tiny,  // the direct small kernel by shape, then the tiny kernel
+    tiny_only,       // only the tiny kernel
+    blocked_only,    // straight to the blocked road
+    combined,        // the baseline routine: the unpacked kernel for small products
+};
+
+struct GemmPath {
+    const char* name;
+    GemmRouting routing;
+    i64 small_q_limit;   // small_and_tiny: q = mn/(m+n) up to this takes the direct kernel ...
+    i64 small_m_limit;   // ... when m is at most this
+    bool thin_road;      // thin shapes go to the unpacked kernel instead of the blocked driver
+    BlockSizes block_sizes;
+    TileChooser choose_tile;
+    const GemmTile* tile;      // default tile
+    const GemmTile* alt_tile;  // tile mode 16
+};
+
+// The descriptions of the builds (the compatible build shares the baseline's).
+extern const GemmPath kGemmPathAvx512;
+extern const GemmPath kGemmPathAvx512Qix;
+extern const GemmPath kGemmPathAvx2;
+extern const GemmPath kGemmPathAvx;
+extern const GemmPath kGemmPathMc3;
+extern const GemmPath kGemmPathMc;
+extern const GemmPath kGemmPathDef;
+
+// The record of a path: its default tile, confirmed by its chooser.
+void init_path_params(const GemmPath& path, KernelParams* params);
+
+// The dgemm member of each build: the shared routed product with that
+// build's description. The compatible build runs the baseline's member, whose
+// results depend neither on the processor nor on the placement of the arrays.
+void dgemm_avx512(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k,
+                  const double* alpha, const double* a, const i64* lda, const double* b, const i64* ldb,
+                  const double* beta, double* c, const i64* ldc);
+void dgemm_avx512_qix(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k,
+                      const double* alpha, const double* a, const i64* lda, const double* b, const i64* ldb,
+                      const double* beta, double* c, const i64* ldc);
+void dgemm_avx2(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k,
+                const double* alpha, const double* a, const i64* lda, const double* b, const i64* ldb,
+                const double* beta, double* c, const i64* ldc);
+void dgemm_avx(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k, const double* alpha,
+               const double* a, const i64* lda, const double* b, const i64* ldb, const double* beta, double* c,
+               const i64* ldc);
+void dgemm_mc3(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k, const double* alpha,
+               const double* a, const i64* lda, const double* b, const i64* ldb, const double* beta, double* c,
+               const i64* ldc);
+void dgemm_mc(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k, const double* alpha,
+              const double* a, const i64* lda, const double* b, const i64* ldb, const double* beta, double* c,
+              const i64* ldc);
+void dgemm_def(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k, const double* alpha,
+               const double* a, const i64* lda, const double* b, const i64* ldb, const double* beta, double* c,
+               const i64* ldc);
+
+}  // namespace orv

@@ -1,0 +1,95 @@
+// The real matrix product of each code path: its description and its member.
+//
+// The wider paths route small shapes to the unpacked kernels by their own
+// limits and run the blocked driver with their own register tiles; the
+// 128-bit paths go almost straight to the blocked driver, whose 4 x 4 tile
+// already makes the most of their registers.
+#include "level3/gemm_blocking.h"
+#include "level3/gemm_path.h"
+#include "level3/gemm_route.h"
+
+namespace orv {
+namespace {
+
+int choose_avx512(KernelParams* p) { return settle_tile(p, avx512::kGemmTile, avx512::kGemmTileAlt); }
+int choose_avx512_qix(KernelParams* p) { return settle_tile(p, avx512_qix::kGemmTile, avx512_qix::kGemmTileAlt); }
+int choose_avx2(KernelParams* p) { return settle_tile(p, avx2::kGemmTile, avx2::kGemmTileAlt); }
+int choose_avx(KernelParams* p) { return settle_tile(p, avx::kGemmTile, avx::kGemmTileAlt); }
+int choose_mc3(KernelParams* p) { return settle_tile(p, mc3::kGemmTile, mc3::kGemmTileAlt); }
+int choose_mc(KernelParams* p) { return settle_tile(p, mc::kGemmTile, mc::kGemmTileAlt); }
+int choose_def(KernelParams* p) { return settle_tile(p, def::kGemmTile, def::kGemmTileAlt); }
+
+}  // namespace
+
+void init_path_params(const GemmPath& path, KernelParams* params)
+{
+    init_kernel_params(params, *path.tile, path.choose_tile);
+    params->choose_tile(params);
+}
+
+// name, routing, direct-kernel limits (q, m), thin road, blocks, chooser, tiles
+const GemmPath kGemmPathAvx512 = {"avx512", GemmRouting::tiny_only, 0, 0, true, standard_block_sizes,
+                                  choose_avx512, &avx512::kGemmTile, &avx512::kGemmTileAlt};
+const GemmPath kGemmPathAvx512Qix = {"avx512_qix", GemmRouting::blocked_only, 0, 0, true, standard_block_sizes,
+                                     choose_avx512_qix, &avx512_qix::kGemmTile, &avx512_qix::kGemmTileAlt};
+const GemmPath kGemmPathAvx2 = {"avx2", GemmRouting::small_and_tiny, 10, 100, true, standard_block_sizes,
+                                choose_avx2, &avx2::kGemmTile, &avx2::kGemmTileAlt};
+const GemmPath kGemmPathAvx = {"avx", GemmRouting::small_and_tiny, 9, 70, true, standard_block_sizes,
+                               choose_avx, &avx::kGemmTile, &avx::kGemmTileAlt};
+const GemmPath kGemmPathMc3 = {"mc3", GemmRouting::tiny_only, 0, 0, false, standard_block_sizes, choose_mc3,
+                               &mc3::kGemmTile, &mc3::kGemmTileAlt};
+const GemmPath kGemmPathMc = {"mc", GemmRouting::tiny_only, 0, 0, false, standard_block_sizes, choose_mc,
+                              &mc::kGemmTile, &mc::kGemmTileAlt};
+const GemmPath kGemmPathDef = {"def", GemmRouting::combined, 0, 0, false, combined_block_sizes, choose_def,
+                               &def::kGemmTile, &def::kGemmTileAlt};
+
+void dgemm_avx512(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k,
+                  const double* alpha, const double* a, const i64* lda, const double* b, const i64* ldb,
+                  const double* beta, double* c, const i64* ldc)
+{
+    routed_dgemm(kGemmPathAvx512, transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
+}
+
+void dgemm_avx512_qix(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k,
+                      const double* alpha, const double* a, const i64* lda, const double* b, const i64* ldb,
+                      const double* beta, double* c, const i64* ldc)
+{
+    routed_dgemm(kGemmPathAvx512Qix, transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
+}
+
+void dgemm_avx2(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k,
+                const double* alpha, const double* a, const i64* lda, const double* b, const i64* ldb,
+                const double* beta, double* c, const i64* ldc)
+{
+    routed_dgemm(kGemmPathAvx2, transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
+}
+
+void dgemm_avx(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k, const double* alpha,
+               const double* a, const i64* lda, const double* b, const i64* ldb, const double* beta, double* c,
+               const i64* ldc)
+{
+    routed_dgemm(kGemmPathAvx, transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
+}
+
+void dgemm_mc3(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k, const double* alpha,
+               const double* a, const i64* lda, const double* b, const i64* ldb, const double* beta, double* c,
+               const i64* ldc)
+{
+    routed_dgemm(kGemmPathMc3, transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
+}
+
+void dgemm_mc(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k, const double* alpha,
+              const double* a, const i64* lda, const double* b, const i64* ldb, const double* beta, double* c,
+              const i64* ldc)
+{
+    routed_dgemm(kGemmPathMc, transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
+}
+
+void dgemm_def(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k, const double* alpha,
+               const double* a, const i64* lda, const double* b, const i64* ldb, const double* beta, double* c,
+               const i64* ldc)
+{
+    routed_dgemm(kGemmPathDef, transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
+}
+
+}  // namespace orv

@@ -1,0 +1,33 @@
+// Which road a real matrix product takes on a code path, and the product
+// routed accordingly.
+#pragma once
+
+#include "level3/gemm_observer.h"
+#include "level3/gemm_path.h"
+
+namespace orv {
+
+// The values the decision is made on: the option letters (folded to upper
+// case), the sizes and the two scalars.
+struct GemmShape {
+    char ta;
+    char tb;
+    i64 m;
+    i64 n;
+    i64 k;
+    double alpha;
+    double beta;
+};
+
+// The road `path` takes for `shape`: none, direct, tiny, scaled (C scaled by
+// beta and nothing more), thin (the unpacked kernel) or blocked. Whether the
+// blocked driver then finds its buffer is decided only when it runs.
+GemmEvent choose_gemm_road(const GemmPath& path, const GemmShape& shape);
+
+// C := alpha * op(A) * op(B) + beta * C on `path`, all arguments as the
+// dispatched member receives them.
+void routed_dgemm(const GemmPath& path, const char* transa, const char* transb, const i64* m, const i64* n,
+                  const i64* k, const double* alpha, const double* a, const i64* lda, const double* b,
+                  const i64* ldb, const double* beta, double* c, const i64* ldc);
+
+}  // namespace orv

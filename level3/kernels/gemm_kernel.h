@@ -1,0 +1,59 @@
+// Register-blocked inner kernels of the real matrix product, one pair per code
+// path. The blocked driver packs A and B into the panel layouts below and hands
+// every pair of packed blocks to the kernel of its tile; all floating-point
+// work of a blocked product happens in these kernels.
+#pragma once
+
+#include "service/types.h"
+
+namespace orv {
+
+// C[0..m-1, 0..n-1] += (accumulate) or = (store) packed A times packed B.
+// Packed A: row panels of mr rows, then the narrower panels given by the binary digits of the row remainder
+// (descending powers of two below mr, each present only when its bit is set); each panel holds k columns,
+// its h values of a column consecutive, column after column; panels follow each other with no gap or padding.
+// Packed B: column panels of nr columns, then the narrower panels by the binary digits of the column remainder;
+// each panel holds k rows, its w values of a row consecutive, row after row. Alpha is already inside packed A.
+// The store variant never reads C. m, n, k >= 0 by reference; ldc in elements.
+using GemmMicroKernel = void (*)(const i64* m, const i64* n, const i64* k, const double* a, const double* b,
+                                 double* c, const i64* ldc);
+
+struct GemmTile {
+    int mr;                     // rows of the register tile
+    int nr;                     // columns of the register tile
+    GemmMicroKernel accumulate;
+    GemmMicroKernel store;
+};
+
+// Each path offers its default tile and an alternative one; paths with a
+// single tile give the same tile twice.
+namespace avx512 {
+extern const GemmTile kGemmTile;     // 24 x 8
+extern const GemmTile kGemmTileAlt;  // 8 x 6
+}  // namespace avx512
+namespace avx512_qix {
+extern const GemmTile kGemmTile;     // 8 x 28
+extern const GemmTile kGemmTileAlt;  // 24 x 8
+}  // namespace avx512_qix
+namespace avx2 {
+extern const GemmTile kGemmTile;     // 12 x 4
+extern const GemmTile kGemmTileAlt;  // 8 x 6
+}  // namespace avx2
+namespace avx {
+extern const GemmTile kGemmTile;     // 8 x 4
+extern const GemmTile kGemmTileAlt;  // the same
+}  // namespace avx
+namespace mc3 {
+extern const GemmTile kGemmTile;     // 4 x 4
+extern const GemmTile kGemmTileAlt;  // the same
+}  // namespace mc3
+namespace mc {
+extern const GemmTile kGemmTile;     // 4 x 4
+extern const GemmTile kGemmTileAlt;  // the same
+}  // namespace mc
+namespace def {
+extern const GemmTile kGemmTile;     // 4 x 4
+extern const GemmTile kGemmTileAlt;  // the same
+}  // namespace def
+
+}  // namespace orv

@@ -1,0 +1,548 @@
+// The single-thread real product: block sizes, the tile chooser, the road
+// each code path takes, the packed layouts, the blocked driver over every
+// tile this processor can run, and the unpacked fall-back when no buffer can
+// be had.
+//
+// Inputs are coarse values (12 significant bits), so every sum here is exact
+// whatever its order: results are compared bit for bit.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "level3/gemm_blocking.h"
+#include "level3/gemm_driver.h"
+#include "level3/gemm_pack.h"
+#include "level3/gemm_route.h"
+#include "orv_test.h"
+
+namespace orv {
+// Names for the failure messages.
+void PrintTo(GemmEvent event, std::ostream* os)
+{
+    static const char* const names[] = {"none", "direct", "tiny", "scaled", "thin", "blocked", "fallback",
+                                        "buffer_request"};
+    *os << names[static_cast<int>(event)];
+}
+}  // namespace orv
+
+namespace {
+
+using orv::GemmEvent;
+using orv::GemmPath;
+using orv::i64;
+using orvtest::Rng;
+
+// ---- Helpers ---------------------------------------------------------------
+
+orv::KernelParams params_for(int mr, int nr)
+{
+    orv::KernelParams p{};
+    p.mr = mr;
+    p.nr = nr;
+    p.ku = 1;
+    return p;
+}
+
+const GemmPath* const kAllPaths[] = {&orv::kGemmPathAvx512, &orv::kGemmPathAvx512Qix, &orv::kGemmPathAvx2,
+                                     &orv::kGemmPathAvx,    &orv::kGemmPathMc3,       &orv::kGemmPathMc,
+                                     &orv::kGemmPathDef};
+
+// Whether this processor runs the kernels of `path` (the instruction sets its
+// kernel folder is compiled for).
+bool processor_runs(const GemmPath& path)
+{
+    const std::string name = path.name;
+    const bool avx2 = __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma");
+    const bool avx512f = avx2 && __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512cd");
+    if (name == "avx512")
+        return avx512f && __builtin_cpu_supports("avx512dq") && __builtin_cpu_supports("avx512bw") &&
+               __builtin_cpu_supports("avx512vl");
+    if (name == "avx512_qix") return avx512f;
+    if (name == "avx2") return avx2 && __builtin_cpu_supports("bmi") && __builtin_cpu_supports("bmi2");
+    if (name == "avx") return __builtin_cpu_supports("avx");
+    if (name == "mc3") return __builtin_cpu_supports("sse4.2") && __builtin_cpu_supports("popcnt");
+    if (name == "mc") return __builtin_cpu_supports("ssse3");
+    return true;
+}
+
+// Every event of the products since the last clear; a withheld buffer on request.
+std::vector<GemmEvent> g_events;
+bool g_withhold_buffer = false;
+bool record_event(GemmEvent event)
+{
+    g_events.push_back(event);
+    return event == GemmEvent::buffer_request && g_withhold_buffer;
+}
+struct Observe {
+    explicit Observe(bool withhold)
+    {
+        g_events.clear();
+        g_withhold_buffer = withhold;
+        orv::set_gemm_observer(record_event);
+    }
+    ~Observe() { orv::set_gemm_observer(nullptr); }
+};
+// The road of the last product: the last event that is not a buffer request.
+GemmEvent last_road()
+{
+    for (auto it = g_events.rbegin(); it != g_events.rend(); ++it)
+        if (*it != GemmEvent::buffer_request) return *it;
+    return GemmEvent::none;
+}
+
+// A product with exact coarse inputs and its exact result.
+struct Product {
+    char ta, tb;
+    i64 m, n, k;
+    double alpha, beta;
+    i64 lda, ldb, ldc;
+    std::vector<double> a, b, c, want;
+
+    Product(char ta_, char tb_, i64 m_, i64 n_, i64 k_, double alpha_, double beta_, std::uint64_t seed)
+        : ta(ta_), tb(tb_), m(m_), n(n_), k(k_), alpha(alpha_), beta(beta_)
+    {
+        Rng rng(seed);
+        const bool tra = std::toupper(ta) != 'N', trb = std::toupper(tb) != 'N';
+        lda = (tra ? k : m) + 3;
+        ldb = (trb ? n : k) + 1;
+        ldc = m + 2;
+        a.resize(std::size_t(lda * (tra ? m : k) + 1));
+        b.resize(std::size_t(ldb * (trb ? k : n) + 1));
+        c.resize(std::size_t(ldc * n + 1));
+        for (double& x : a) x = rng.coarse();
+        for (double& x : b) x = rng.coarse();
+        // C is not read when beta is 0: fill it with what must not survive.
+        for (std::size_t i = 0; i < c.size(); ++i) c[i] = beta == 0.0 ? (i % 2 ? NAN : INFINITY) : rng.coarse();
+        want = c;
+        for (i64 j = 0; j < n; ++j)
+            for (i64 i = 0; i < m; ++i) {
+                double sum = 0;
+                for (i64 l = 0; l < k; ++l)
+                    sum += (tra ? a[l + i * lda] : a[i + l * lda]) * (trb ? b[j + l * ldb] : b[l + j * ldb]);
+                double& w = want[i + j * ldc];
+                w = (beta == 0.0 ? 0.0 : beta * w) + alpha * sum;
+            }
+    }
+    ::testing::AssertionResult matches() const
+    {
+        for (std::size_t i = 0; i < c.size(); ++i)
+            if (!orvtest::same_bits(c[i], want[i]))
+                return ::testing::AssertionFailure() << "element " << i << " (row " << i % ldc << ", column "
+                                                     << i / ldc << ") is " << c[i] << ", want " << want[i];
+        return ::testing::AssertionSuccess();
+    }
+    std::string describe() const
+    {
+        return std::string(1, ta) + tb + " m=" + std::to_string(m) + " n=" + std::to_string(n) +
+               " k=" + std::to_string(k) + " alpha=" + std::to_string(alpha) + " beta=" + std::to_string(beta);
+    }
+};
+
+// Runs `p` through the blocked driver of `path` with tile mode `tile_mode`,
+// optionally with a caller's plan of small blocks so that small products
+// cross every block edge.
+void run_driver(const GemmPath& path, int tile_mode, Product& p, bool small_blocks)
+{
+    const orv::GemmOp op = orv::describe_gemm(&p.ta, &p.tb, p.alpha, p.beta);
+    const orv::MatrixDesc a = orv::describe_operand(&p.ta, p.a.data(), p.m, p.k, p.lda);
+    const orv::MatrixDesc b = orv::describe_operand(&p.tb, p.b.data(), p.k, p.n, p.ldb);
+    const orv::MatrixDesc c = orv::describe_result(p.c.data(), p.m, p.n, p.ldc);
+    orv::KernelParams params;
+    orv::init_kernel_params(&params, *path.tile, path.choose_tile);
+    params.tile_mode = tile_mode;
+    params.choose_tile(&params);
+    orv::GemmPlan plan;
+    orv::plan_gemm(path, op, a, b, params, &plan);
+    if (!small_blocks) {
+        orv::blocked_driver(&op, &a, &b, &c, nullptr, &plan);
+        return;
+    }
+    orv::BlockPlan blocks;
+    orv::standard_block_sizes(p.m, p.n, p.k, &params, &blocks);
+    blocks.mc = 2 * params.mr;
+    blocks.nc = 2 * params.nr;
+    blocks.kc = 16;
+    blocks.depth_capacity = 18;
+    blocks.a.rows = blocks.mc;
+    blocks.a.cols = blocks.depth_capacity;
+    blocks.b.rows = blocks.depth_capacity;
+    blocks.b.cols = blocks.nc;
+    orv::acquire_buffer(&blocks);
+    ASSERT_NE(blocks.buffer, nullptr);
+    void* const buffer = blocks.buffer;
+    orv::blocked_driver(&op, &a, &b, &c, &blocks, &plan);
+    EXPECT_EQ(blocks.buffer, buffer) << "a caller's buffer stays the caller's";
+    orv::release_buffer(&blocks);
+}
+
+// ---- Block sizes and the tile ----------------------------------------------
+
+TEST(GemmBlocks, SizesFollowTheShapeAndTheTile)
+{
+    const struct {
+        int mr, nr;
+        i64 m, n, k;
+        i64 mc, nc, kc;
+    } cases[] = {
+        {12, 4, 100, 100, 300, 108, 100, 150},   // k in 257..383: two near-equal halves
+        {12, 4, 100, 100, 383, 108, 100, 191},
+        {12, 4, 100, 100, 384, 108, 100, 192},   // from 384 on: blocks of 192
+        {12, 4, 100, 100, 100, 108, 100, 128},   // up to 256: one block of at least 128
+        {12, 4, 100, 10, 256, 108, 12, 256},
+        {12, 4, 100, 10, 257, 108, 12, 128},
+        {12, 4, 5, 1, 1000, 12, 4, 192},         // at least one tile each way
+        {12, 4, 5001, 1000, 47, 5004, 24, 128},  // at most 5000 rows; 24 columns for shallow k
+        {8, 28, 5001, 30, 47, 5000, 28, 128},
+        {24, 8, 7, 5, 48, 24, 8, 128},
+        {8, 6, 4999, 200, 50, 5000, 192, 128},
+        {8, 28, 10, 1000, 48, 16, 196, 128},
+    };
+    for (const auto& t : cases) {
+        const orv::KernelParams params = params_for(t.mr, t.nr);
+        orv::BlockPlan plan;
+        orv::standard_block_sizes(t.m, t.n, t.k, &params, &plan);
+        EXPECT_EQ(plan.mc, t.mc) << t.mr << "x" << t.nr << " m=" << t.m << " n=" << t.n << " k=" << t.k;
+        EXPECT_EQ(plan.nc, t.nc) << t.mr << "x" << t.nr << " m=" << t.m << " n=" << t.n << " k=" << t.k;
+        EXPECT_EQ(plan.kc, t.kc) << t.mr << "x" << t.nr << " m=" << t.m << " n=" << t.n << " k=" << t.k;
+        EXPECT_EQ(plan.a.panel_stride, t.mr * t.kc);
+        EXPECT_EQ(plan.b.panel_stride, t.nr * t.kc);
+    }
+    const orv::KernelParams params = params_for(4, 4);
+    orv::BlockPlan plan;
+    orv::combined_block_sizes(10000, 1000, 1000, &params, &plan);
+    EXPECT_EQ(plan.mc, 4992);
+    EXPECT_EQ(plan.nc, 128);
+    EXPECT_EQ(plan.kc, 256);
+}
+
+// The k-blocks the driver walks: blocks of kc, a short tail joined to the last.
+TEST(GemmBlocks, DepthsCoverTheInnerDimension)
+{
+    const struct {
+        i64 k;
+        std::vector<i64> depths;
+    } cases[] = {
+        {100, {100}},
+        {257, {128, 129}},
+        {300, {150, 150}},
+        {383, {191, 192}},
+        {385, {192, 193}},
+        {416, {192, 192, 32}},
+        {1000, {192, 192, 192, 192, 192, 40}},
+    };
+    const orv::KernelParams params = params_for(12, 4);
+    for (const auto& t : cases) {
+        orv::BlockPlan plan;
+        orv::standard_block_sizes(50, 50, t.k, &params, &plan);
+        std::vector<i64> depths;
+        for (i64 l0 = 0; l0 < t.k; l0 += depths.back()) depths.push_back(orv::block_depth(plan, t.k, l0));
+        EXPECT_EQ(depths, t.depths) << "k=" << t.k;
+        for (i64 d : depths) EXPECT_LE(d, plan.depth_capacity) << "k=" << t.k;
+        // The buffer holds both packed blocks at the deepest depth, B past A.
+        EXPECT_GE(orv::packed_b_offset_bytes(plan), plan.mc * plan.depth_capacity * 8);
+        EXPECT_GE(orv::buffer_bytes(plan),
+                  orv::packed_b_offset_bytes(plan) + plan.nc * plan.depth_capacity * 8);
+    }
+}
+
+TEST(GemmTile, ChooserSettlesTheTileOfTheMode)
+{
+    const orv::GemmTile& standard = orv::avx2::kGemmTile;
+    const orv::GemmTile& alternative = orv::avx2::kGemmTileAlt;
+    orv::KernelParams p;
+    orv::init_kernel_params(&p, standard, nullptr);
+    EXPECT_EQ(orv::settle_tile(&p, standard, alternative), 1);
+    EXPECT_EQ(p.loop_order, orv::kLoopOrderDefault);
+    EXPECT_EQ(p.tile_mode, orv::kTileModeDefault);
+    EXPECT_EQ(p.alignment, 4);
+    EXPECT_EQ(p.chosen_mr, standard.mr);
+    EXPECT_EQ(p.chosen_nr, standard.nr);
+
+    p.tile_mode = orv::kTileModeAlternative;
+    EXPECT_EQ(orv::settle_tile(&p, standard, alternative), 0);
+    EXPECT_EQ(p.mr, alternative.mr);
+    EXPECT_EQ(p.nr, alternative.nr);
+    EXPECT_EQ(p.loop_order, orv::kLoopOrderAlternative);
+    EXPECT_EQ(orv::settle_tile(&p, standard, alternative), 1);
+
+    p = orv::KernelParams{};
+    p.mr = 3;
+    p.nr = 3;
+    p.ku = 1;
+    EXPECT_EQ(orv::settle_tile(&p, standard, alternative), 0);
+    EXPECT_EQ(p.mr, standard.mr);
+    EXPECT_EQ(p.nr, standard.nr);
+    EXPECT_EQ(p.alignment, 4);
+}
+
+// ---- Routing ---------------------------------------------------------------
+
+TEST(GemmRouting, RoadOfEveryPath)
+{
+    using E = GemmEvent;
+    const double nan = std::nan("");
+    const struct {
+        const GemmPath* path;
+        char ta, tb;
+        i64 m, n, k;
+        double alpha, beta;
+        E road;
+    } cases[] = {
+        // The wider paths with the direct kernel.
+        {&orv::kGemmPathAvx2, 'N', 'N', 0, 5, 5, 1, 0, E::none},
+        {&orv::kGemmPathAvx2, 'N', 'N', 5, 0, 5, 1, 0, E::none},
+        {&orv::kGemmPathAvx2, 'N', 'N', 9, 9, 9, 1, 0, E::direct},
+        {&orv::kGemmPathAvx2, 'N', 'N', 12, 12, 12, 1, 0, E::direct},
+        {&orv::kGemmPathAvx2, 'N', 'N', 12, 1000, 12, 1, 0, E::direct},  // the square rule, whatever q
+        {&orv::kGemmPathAvx2, 'N', 'N', 12, 1000, 12, 1, 0.5, E::blocked},
+        {&orv::kGemmPathAvx2, 'N', 'N', 12, 1000, 12, 1, nan, E::blocked},
+        {&orv::kGemmPathAvx2, 'N', 'N', 10, 10, 10, 1, 1, E::direct},
+        {&orv::kGemmPathAvx2, 'N', 'N', 10, 10, 10, 0, 1, E::tiny},
+        {&orv::kGemmPathAvx2, 'N', 'N', 10, 10, 10, 0, 0.5, E::scaled},
+        {&orv::kGemmPathAvx2, 'N', 'N', 20, 20, 50, 1, 1, E::direct},   // q = 10
+        {&orv::kGemmPathAvx2, 'N', 'N', 101, 5, 50, 1, 1, E::blocked},  // q <= 10 but m > 100
+        {&orv::kGemmPathAvx2, 'N', 'N', 101, 3, 3, 1, 1, E::direct},
+        {&orv::kGemmPathAvx2, 'N', 'N', 101, 3, 4, 1, 1, E::thin},
+        {&orv::kGemmPathAvx2, 'N', 'N', 30, 30, 6, 1, 1, E::direct},    // q > 10, shallow
+        {&orv::kGemmPathAvx2, 'T', 'T', 30, 30, 6, 1, 1, E::direct},
+        {&orv::kGemmPathAvx2, 'T', 'N', 30, 30, 6, 1, 1, E::blocked},
+        {&orv::kGemmPathAvx2, 'N', 'N', 30, 30, 7, 1, 1, E::blocked},
+        {&orv::kGemmPathAvx2, 'N', 'N', 41, 30, 6, 1, 1, E::blocked},
+        {&orv::kGemmPathAvx2, 'N', 'N', 30, 41, 6, 1, 1, E::blocked},
+        {&orv::kGemmPathAvx2, 'N', 'N', 5, 5, 129, 1, 1, E::blocked},
+        {&orv::kGemmPathAvx2, 'N', 'N', 5, 5, 0, 1, 1, E::direct},
+        {&orv::kGemmPathAvx2, 'T', 'N', 7, 1000, 1000, 1, 1, E::thin},  // few rows of a dot-product form
+        {&orv::kGemmPathAvx2, 'T', 'N', 8, 1000, 1000, 1, 1, E::blocked},
+        {&orv::kGemmPathAvx2, 'N', 'T', 7, 1000, 1000, 1, 1, E::blocked},
+        {&orv::kGemmPathAvx2, 'N', 'N', 1000, 3, 1000, 1, 1, E::thin},  // few columns of the other forms
+        {&orv::kGemmPathAvx2, 'T', 'T', 1000, 3, 1000, 1, 1, E::thin},
+        {&orv::kGemmPathAvx2, 'N', 'N', 1000, 4, 1000, 1, 1, E::blocked},
+        {&orv::kGemmPathAvx2, 'N', 'N', 1000, 1000, 1000, 0, 1, E::scaled},
+        {&orv::kGemmPathAvx, 'N', 'N', 20, 20, 50, 1, 1, E::blocked},   // q = 10 is past the limit of 9
+        {&orv::kGemmPathAvx, 'N', 'N', 70, 5, 50, 1, 1, E::direct},
+        {&orv::kGemmPathAvx, 'N', 'N', 71, 5, 50, 1, 1, E::blocked},
+        {&orv::kGemmPathAvx, 'N', 'N', 71, 3, 3, 1, 1, E::direct},
+        {&orv::kGemmPathAvx, 'N', 'N', 9, 9, 9, 1, 0, E::direct},
+        // The tiny kernel alone.
+        {&orv::kGemmPathAvx512, 'N', 'N', 10, 10, 10, 1, 1, E::tiny},
+        {&orv::kGemmPathAvx512, 'N', 'N', 10, 10, 10, 0, 1, E::tiny},
+        {&orv::kGemmPathAvx512, 'N', 'N', 10, 10, 11, 1, 1, E::blocked},
+        {&orv::kGemmPathAvx512, 'N', 'N', 11, 10, 10, 1, 1, E::blocked},
+        {&orv::kGemmPathAvx512, 'N', 'N', 10, 10, 10, 1, 0, E::blocked},
+        {&orv::kGemmPathAvx512, 'N', 'N', 9, 9, 9, 1, 0, E::blocked},
+        {&orv::kGemmPathAvx512, 'N', 'N', 5, 5, 0, 1, 1, E::scaled},
+        {&orv::kGemmPathAvx512, 'T', 'N', 7, 1000, 1000, 1, 1, E::thin},
+        {&orv::kGemmPathAvx512Qix, 'N', 'N', 10, 10, 10, 1, 1, E::blocked},
+        {&orv::kGemmPathAvx512Qix, 'N', 'N', 1, 1, 1, 1, 1, E::thin},
+        {&orv::kGemmPathAvx512Qix, 'T', 'N', 7, 1000, 1000, 1, 1, E::thin},
+        {&orv::kGemmPathAvx512Qix, 'N', 'N', 5, 5, 5, 0, 0, E::scaled},
+        {&orv::kGemmPathMc3, 'N', 'N', 10, 10, 10, 1, 1, E::tiny},
+        {&orv::kGemmPathMc3, 'T', 'N', 7, 1000, 1000, 1, 1, E::blocked},  // no thin road
+        {&orv::kGemmPathMc, 'N', 'N', 1000, 3, 1000, 1, 1, E::blocked},
+        {&orv::kGemmPathMc, 'N', 'N', 9, 9, 9, 1, 0, E::blocked},
+        // The baseline routine: unpacked below 10000 multiply-adds.
+        {&orv::kGemmPathDef, 'N', 'N', 21, 21, 21, 1, 1, E::thin},
+        {&orv::kGemmPathDef, 'N', 'N', 22, 22, 22, 1, 1, E::blocked},
+        {&orv::kGemmPathDef, 'N', 'N', 100000, 100000, 1, 1, 1, E::blocked},
+        {&orv::kGemmPathDef, 'N', 'N', 5, 5, 0, 1, 0, E::scaled},
+        {&orv::kGemmPathDef, 'N', 'N', 0, 5, 5, 1, 0, E::none},
+    };
+    for (const auto& t : cases) {
+        const orv::GemmShape shape{t.ta, t.tb, t.m, t.n, t.k, t.alpha, t.beta};
+        EXPECT_EQ(orv::choose_gemm_road(*t.path, shape), t.road)
+            << t.path->name << " " << t.ta << t.tb << " m=" << t.m << " n=" << t.n << " k=" << t.k
+            << " alpha=" << t.alpha << " beta=" << t.beta;
+    }
+}
+
+// Each member takes the road the routing names, and computes the product on it.
+TEST(GemmRouting, MembersTakeTheirRoad)
+{
+    using Member = void (*)(const char*, const char*, const i64*, const i64*, const i64*, const double*,
+                            const double*, const i64*, const double*, const i64*, const double*, double*,
+                            const i64*);
+    const struct {
+        const GemmPath* path;
+        Member member;
+    } members[] = {
+        {&orv::kGemmPathAvx512, orv::dgemm_avx512}, {&orv::kGemmPathAvx512Qix, orv::dgemm_avx512_qix},
+        {&orv::kGemmPathAvx2, orv::dgemm_avx2},     {&orv::kGemmPathAvx, orv::dgemm_avx},
+        {&orv::kGemmPathMc3, orv::dgemm_mc3},       {&orv::kGemmPathMc, orv::dgemm_mc},
+        {&orv::kGemmPathDef, orv::dgemm_def},
+    };
+    const struct {
+        char ta, tb;
+        i64 m, n, k;
+        double alpha, beta;
+    } shapes[] = {
+        {'N', 'N', 9, 9, 9, 0.5, 0},  {'N', 'N', 10, 10, 10, 1, 1}, {'T', 'N', 10, 10, 10, 0, 1},
+        {'N', 'T', 30, 30, 6, -2, 1}, {'T', 'N', 7, 300, 200, 1, 1}, {'n', 't', 200, 3, 150, 1, 0.5},
+        {'C', 'c', 50, 37, 70, 0.5, 0}, {'N', 'N', 25, 25, 25, 0, 0.5},
+    };
+    for (const auto& member : members) {
+        if (!processor_runs(*member.path)) continue;
+        for (const auto& s : shapes) {
+            Product p(s.ta, s.tb, s.m, s.n, s.k, s.alpha, s.beta, std::uint64_t(s.m * 31 + s.n));
+            const char ta = static_cast<char>(std::toupper(s.ta)), tb = static_cast<char>(std::toupper(s.tb));
+            const GemmEvent road = orv::choose_gemm_road(*member.path, {ta, tb, s.m, s.n, s.k, s.alpha, s.beta});
+            Observe observe(false);
+            member.member(&s.ta, &s.tb, &p.m, &p.n, &p.k, &p.alpha, p.a.data(), &p.lda, p.b.data(), &p.ldb,
+                          &p.beta, p.c.data(), &p.ldc);
+            EXPECT_EQ(last_road(), road) << member.path->name << " " << p.describe();
+            EXPECT_TRUE(p.matches()) << member.path->name << " " << p.describe();
+        }
+    }
+}
+
+// ---- Packing ---------------------------------------------------------------
+
+// Panel widths of a block: full panels, then the remainder's binary digits.
+TEST(GemmPack, PanelWidths)
+{
+    const struct {
+        i64 count, full;
+        std::vector<i64> widths;
+    } cases[] = {
+        {13, 12, {12, 1}},      {11, 12, {8, 2, 1}},       {35, 12, {12, 12, 8, 2, 1}},
+        {7, 4, {4, 2, 1}},      {23, 24, {16, 4, 2, 1}},   {27, 28, {16, 8, 2, 1}},
+        {5, 6, {4, 1}},         {3, 4, {2, 1}},            {0, 4, {}},
+    };
+    for (const auto& t : cases) {
+        std::vector<i64> widths;
+        for (i64 done = 0; done < t.count; done += widths.back())
+            widths.push_back(orv::next_panel_width(t.count - done, t.full));
+        EXPECT_EQ(widths, t.widths) << t.count << " by " << t.full;
+    }
+}
+
+// Where element (r, l) of a block lies once packed, for panels of `widths`.
+i64 packed_index(const std::vector<i64>& widths, i64 depth, i64 r, i64 l)
+{
+    i64 start = 0;
+    for (i64 w : widths) {
+        if (r < start + w) return start * depth + l * w + (r - start);
+        start += w;
+    }
+    return -1;
+}
+
+// Both orientations of A and B, from a sub-block view, against the layout.
+TEST(GemmPack, PanelsHoldTheBlockInKernelOrder)
+{
+    const double alpha = -2.0;  // exact: the packed value is exactly alpha times the source
+    for (const bool transposed : {false, true})
+        for (const i64 full : {1, 4, 6, 12, 28})
+            for (const i64 count : {0, 1, 3, 11, 13, 31})
+                for (const i64 depth : {1, 2, 5}) {
+                    // Source op(X) of 40 x 40 values v(i, j) = 64 i + j, viewed from (2, 3).
+                    const i64 ld = 45;
+                    std::vector<double> x(std::size_t(ld * 45), NAN);
+                    const char letter = transposed ? 'T' : 'N';
+                    for (i64 i = 0; i < 40; ++i)
+                        for (i64 j = 0; j < 40; ++j)
+                            x[std::size_t(transposed ? j + i * ld : i + j * ld)] = double(64 * i + j);
+                    orv::MatrixDesc view = orv::describe_operand(&letter, x.data(), 40, 40, ld);
+                    view.row_offset = 2;
+                    view.col_offset = 3;
+                    std::vector<i64> widths;
+                    for (i64 done = 0; done < count; done += widths.back())
+                        widths.push_back(orv::next_panel_width(count - done, full));
+                    const std::string what = std::string(transposed ? "transposed" : "plain") + " full=" +
+                                             std::to_string(full) + " count=" + std::to_string(count) +
+                                             " depth=" + std::to_string(depth);
+
+                    // A: rows [1, 1 + count) x columns [4, 4 + depth) of the view.
+                    std::vector<double> packed(std::size_t(count * depth + 8), 12345.0);
+                    (transposed ? orv::pack_a_transposed : orv::pack_a_plain)(&view, 1, count, 4, depth, alpha,
+                                                                              full, packed.data());
+                    for (i64 r = 0; r < count; ++r)
+                        for (i64 l = 0; l < depth; ++l)
+                            ASSERT_EQ(packed[std::size_t(packed_index(widths, depth, r, l))],
+                                      alpha * double(64 * (3 + r) + (7 + l)))
+                                << "A " << what << " r=" << r << " l=" << l;
+                    for (std::size_t i = std::size_t(count * depth); i < packed.size(); ++i)
+                        ASSERT_EQ(packed[i], 12345.0) << "A " << what << ": written past the block";
+
+                    // B: rows [4, 4 + depth) x columns [1, 1 + count) of the view, unscaled.
+                    std::fill(packed.begin(), packed.end(), 12345.0);
+                    (transposed ? orv::pack_b_transposed : orv::pack_b_plain)(&view, 4, depth, 1, count, full,
+                                                                              packed.data());
+                    for (i64 c = 0; c < count; ++c)
+                        for (i64 l = 0; l < depth; ++l)
+                            ASSERT_EQ(packed[std::size_t(packed_index(widths, depth, c, l))],
+                                      double(64 * (6 + l) + (4 + c)))
+                                << "B " << what << " c=" << c << " l=" << l;
+                    for (std::size_t i = std::size_t(count * depth); i < packed.size(); ++i)
+                        ASSERT_EQ(packed[i], 12345.0) << "B " << what << ": written past the block";
+                }
+}
+
+// ---- The blocked driver ----------------------------------------------------
+
+// Every tile of every path this processor runs, in its own blocks and in
+// blocks small enough that every edge is crossed; beta 0 runs the store
+// kernels on the first k-block (C holds NaN and infinity that must vanish).
+TEST(GemmDriver, EveryTileComputesTheProduct)
+{
+    const struct {
+        char ta, tb;
+        i64 m, n, k;
+        double alpha, beta;
+    } shapes[] = {
+        {'N', 'N', 1, 1, 1, 1, 0},       {'N', 'N', 13, 5, 3, 0.5, 1},     {'T', 'N', 11, 7, 9, -2, 0},
+        {'N', 'T', 37, 29, 50, 1, 0.5},  {'T', 'T', 61, 30, 40, 0.5, 0},   {'N', 'N', 100, 61, 300, 1, 0},
+        {'C', 'N', 25, 33, 130, 1, -1},  {'N', 'N', 30, 20, 0, 1, 0.5},    {'N', 'N', 30, 20, 10, 0, 0},
+    };
+    for (const GemmPath* path : kAllPaths) {
+        if (!processor_runs(*path)) continue;
+        for (const int tile_mode : {0, orv::kTileModeAlternative})
+            for (const bool small_blocks : {false, true})
+                for (const auto& s : shapes) {
+                    Product p(s.ta, s.tb, s.m, s.n, s.k, s.alpha, s.beta, std::uint64_t(s.m + 7 * s.k));
+                    run_driver(*path, tile_mode, p, small_blocks);
+                    EXPECT_TRUE(p.matches()) << path->name << (tile_mode ? " alternative tile" : "")
+                                             << (small_blocks ? " small blocks " : " ") << p.describe();
+                }
+    }
+}
+
+// Without a buffer the driver still computes the whole product, unpacked.
+TEST(GemmDriver, FallsBackWithoutABuffer)
+{
+    const GemmPath& path = orv::kGemmPathDef;
+    for (const double beta : {0.0, 1.0, 0.5}) {
+        Product p('T', 'N', 40, 30, 300, 0.5, beta, 99);
+        {
+            Observe observe(true);
+            run_driver(path, 0, p, false);
+            EXPECT_EQ(last_road(), GemmEvent::fallback);
+        }
+        EXPECT_TRUE(p.matches()) << "fall-back " << p.describe();
+
+        // The same through the member: scaled first, then the fall-back.
+        Product q('N', 'T', 40, 30, 300, 0.5, beta, 99);
+        {
+            Observe observe(true);
+            orv::dgemm_def(&q.ta, &q.tb, &q.m, &q.n, &q.k, &q.alpha, q.a.data(), &q.lda, q.b.data(), &q.ldb,
+                           &q.beta, q.c.data(), &q.ldc);
+            EXPECT_EQ(last_road(), GemmEvent::fallback);
+        }
+        EXPECT_TRUE(q.matches()) << "member fall-back " << q.describe();
+    }
+    // With the buffer the same product is blocked.
+    Product p('N', 'N', 40, 30, 300, 0.5, 0.0, 98);
+    Observe observe(false);
+    run_driver(path, 0, p, false);
+    EXPECT_EQ(last_road(), GemmEvent::blocked);
+    EXPECT_TRUE(p.matches());
+}
+
+}  // namespace
