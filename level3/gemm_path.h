@@ -5,6 +5,7 @@
 #pragma once
 
 #include "level3/gemm_records.h"
+#include "level3/kernels/gemm_small.h"
 
 namespace orv {
 
@@ -25,6 +26,7 @@ struct GemmPath {
     TileChooser choose_tile;
     const GemmTile* tile;      // default tile
     const GemmTile* alt_tile;  // tile mode 16
+    GemmSmallKernel small;     // the direct, tiny and thin roads; null: the shared baseline kernel
 };
 
 // The descriptions of the builds (the compatible build shares the baseline's).

@@ -27,21 +27,21 @@ void init_path_params(const GemmPath& path, KernelParams* params)
     params->choose_tile(params);
 }
 
-// name, routing, direct-kernel limits (q, m), thin road, blocks, chooser, tiles
+// name, routing, direct-kernel limits (q, m), thin road, blocks, chooser, tiles, small-road kernel
 const GemmPath kGemmPathAvx512 = {"avx512", GemmRouting::tiny_only, 0, 0, true, standard_block_sizes,
-                                  choose_avx512, &avx512::kGemmTile, &avx512::kGemmTileAlt};
+                                  choose_avx512, &avx512::kGemmTile, &avx512::kGemmTileAlt, avx512::gemm_small};
 const GemmPath kGemmPathAvx512Qix = {"avx512_qix", GemmRouting::blocked_only, 0, 0, true, standard_block_sizes,
-                                     choose_avx512_qix, &avx512_qix::kGemmTile, &avx512_qix::kGemmTileAlt};
+                                     choose_avx512_qix, &avx512_qix::kGemmTile, &avx512_qix::kGemmTileAlt, nullptr};
 const GemmPath kGemmPathAvx2 = {"avx2", GemmRouting::small_and_tiny, 10, 100, true, standard_block_sizes,
-                                choose_avx2, &avx2::kGemmTile, &avx2::kGemmTileAlt};
+                                choose_avx2, &avx2::kGemmTile, &avx2::kGemmTileAlt, avx2::gemm_small};
 const GemmPath kGemmPathAvx = {"avx", GemmRouting::small_and_tiny, 9, 70, true, standard_block_sizes,
-                               choose_avx, &avx::kGemmTile, &avx::kGemmTileAlt};
+                               choose_avx, &avx::kGemmTile, &avx::kGemmTileAlt, nullptr};
 const GemmPath kGemmPathMc3 = {"mc3", GemmRouting::tiny_only, 0, 0, false, standard_block_sizes, choose_mc3,
-                               &mc3::kGemmTile, &mc3::kGemmTileAlt};
+                               &mc3::kGemmTile, &mc3::kGemmTileAlt, nullptr};
 const GemmPath kGemmPathMc = {"mc", GemmRouting::tiny_only, 0, 0, false, standard_block_sizes, choose_mc,
-                              &mc::kGemmTile, &mc::kGemmTileAlt};
+                              &mc::kGemmTile, &mc::kGemmTileAlt, nullptr};
 const GemmPath kGemmPathDef = {"def", GemmRouting::combined, 0, 0, false, combined_block_sizes, choose_def,
-                               &def::kGemmTile, &def::kGemmTileAlt};
+                               &def::kGemmTile, &def::kGemmTileAlt, nullptr};
 
 void dgemm_avx512(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k,
                   const double* alpha, const double* a, const i64* lda, const double* b, const i64* ldb,

@@ -92,11 +92,13 @@ void routed_dgemm(const GemmPath& path, const char* transa, const char* transb, 
         return;
     case GemmEvent::direct:
         gemm_event(road);
-        direct_small_dgemm(transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
+        if (path.small) path_small_dgemm(path.small, transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
+        else direct_small_dgemm(transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
         return;
     case GemmEvent::tiny:
         gemm_event(road);
-        tiny_dgemm(transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
+        if (path.small) path_small_dgemm(path.small, transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
+        else tiny_dgemm(transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
         return;
     default:
         break;
@@ -123,7 +125,10 @@ void routed_dgemm(const GemmPath& path, const char* transa, const char* transb, 
     }
     if (road == GemmEvent::thin) {
         gemm_event(road);
-        plan.fallback(transa, transb, m, n, k, alpha, a, lda, b, ldb, &added.beta, c, ldc);
+        if (path.small)
+            path_small_dgemm(path.small, transa, transb, m, n, k, alpha, a, lda, b, ldb, &added.beta, c, ldc);
+        else
+            plan.fallback(transa, transb, m, n, k, alpha, a, lda, b, ldb, &added.beta, c, ldc);
         return;
     }
     // The driver tells the observer whether it ran blocked or fell back.
