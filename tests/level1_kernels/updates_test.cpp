@@ -273,6 +273,36 @@ TEST_P(Updates, ModifiedRotationsOfEveryFlag)
     }
 }
 
+// Copies whose destination is too large for the caches take the
+// non-temporal store loop: the same bits, the head before the first aligned
+// vector and the tail after the last one included, nothing written outside.
+TEST_P(Updates, LargeCopiesMatchBitForBit)
+{
+    const PathCase p = GetParam();
+    ORV_SKIP_UNLESS_SUPPORTED(p);
+    const auto& k = Kernels(p).table();
+    Rng rng(77);
+    const i64 one = 1, minus_one = -1;
+    const long n = (16L << 20) / 8 + 13;  // just past the streaming threshold, odd tail
+    auto xv = random_values<double>(rng, n);
+    xv[n / 3] = std::bit_cast<double>(0x7ff0000000000123ull);  // NaN payloads move as bits
+    const i64 n64 = n;
+    for (int oy : {0, 8, 24}) {
+        Vec<double> x(n, 1, xv, 8), y(n, 1, oy);
+        k.dcopy(&n64, x.data(), &one, y.data(), &one);
+        ASSERT_TRUE(y.holds(xv)) << "dcopy at +" << oy;
+        Vec<double> xb(n, -1, xv, 8), yb(n, -1, oy);
+        k.dcopy(&n64, xb.data(), &minus_one, yb.data(), &minus_one);  // both backwards: copied as forwards
+        ASSERT_TRUE(yb.holds(xv)) << "dcopy backwards at +" << oy;
+    }
+    const long zn = (16L << 20) / 16 + 5;
+    const auto zv = random_values<zcomplex>(rng, zn);
+    const i64 zn64 = zn;
+    Vec<zcomplex> zx(zn, 1, zv, 0), zy(zn, 1, 8);
+    k.zcopy(&zn64, Kernels::z(zx.data()), &one, Kernels::z(zy.data()), &one);
+    ASSERT_TRUE(zy.holds(zv));
+}
+
 // Non-positive lengths touch nothing.
 TEST_P(Updates, EmptyVectorsAreNotTouched)
 {
