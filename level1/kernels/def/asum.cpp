@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "level1/kernels.h"
-#include "level1/kernels/sse2.h"
+#include "level1/kernels/asum_sse2.h"
 
 namespace orv::def {
 
@@ -19,38 +19,14 @@ double dasum(const i64* n_, const double* x, const i64* incx_)
         for (i64 i = 0; i < n; ++i, p += incx) acc.add_lane0(std::fabs(*p));
         return acc.total();
     }
-    // Contiguous, forwards from the base for incx = -1 as well.
-    auto m = [x](i64 i) { return abs(load<true>(x + i)); };
+    // Contiguous, forwards from the base for incx = -1 as well; one element
+    // first when that aligns the rest to 16 bytes.
     i64 i = 0;
     if (!aligned16(x)) {
         acc.add_lane0(std::fabs(x[0]));
         i = 1;
     }
-    // Two chains over the 8 pairs of each 16 elements: even pairs into A0,
-    // odd pairs into A1.
-    for (; n - i >= 16; i += 16) {
-        acc.a0 = _mm_add_pd(_mm_add_pd(_mm_add_pd(_mm_add_pd(acc.a0, m(i)), m(i + 4)), m(i + 8)), m(i + 12));
-        acc.a1 = _mm_add_pd(_mm_add_pd(_mm_add_pd(_mm_add_pd(acc.a1, m(i + 2)), m(i + 6)), m(i + 10)), m(i + 14));
-    }
-    // A2 and A3 start here, from the third and fourth pairs crosswise.
-    if (n - i >= 8) {
-        acc.a0 = _mm_add_pd(acc.a0, m(i));
-        acc.a1 = _mm_add_pd(acc.a1, m(i + 2));
-        acc.a2 = m(i + 6);
-        acc.a3 = m(i + 4);
-        i += 8;
-    }
-    if (n - i >= 4) {
-        acc.a0 = _mm_add_pd(acc.a0, m(i));
-        acc.a1 = _mm_add_pd(acc.a1, m(i + 2));
-        i += 4;
-    }
-    if (n - i >= 2) {
-        acc.a0 = _mm_add_pd(acc.a0, m(i));
-        i += 2;
-    }
-    if (i < n) acc.add_lane0(std::fabs(x[i]));
-    return acc.total();
+    return asum_contiguous<true>(n, x, i, acc);
 }
 
 namespace {
