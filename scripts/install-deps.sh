@@ -2,7 +2,7 @@
 # Installs the Debian packages the build, the tests and the benchmarks need,
 # only those that are missing.
 set -e
-packages="cmake ninja-build g++ gfortran libgtest-dev googletest libbenchmark-dev libomp-14-dev
+packages="cmake ninja-build gcc g++ gfortran libgtest-dev googletest libbenchmark-dev libomp-14-dev
   g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix gfortran-mingw-w64-x86-64-posix
   binutils-mingw-w64-x86-64 wine wine64 libblas-test libopenblas0-pthread"
 missing=""
@@ -14,4 +14,4 @@ echo "installing:$missing"
 sudo=""
 [ "$(id -u)" -eq 0 ] || sudo="sudo"
 $sudo apt-get update -qq
-DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq --no-install-recommends $missing >/dev/null
+DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq $missing >/dev/null
