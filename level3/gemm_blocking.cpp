@@ -44,7 +44,10 @@ void lay_out(i64 mc, i64 nc, i64 kc, i64 k, const KernelParams* params, BlockPla
     plan->acquire_second = nullptr;
     plan->release = release_buffer;
     plan->a = PackedView{mc, plan->depth_capacity, params->mr, params->mr * kcr, kViewReserved, nullptr};
-    plan->b = PackedView{plan->depth_capacity, nc, params->nr, params->nr * kcr, kViewReserved, nullptr};
+    // A tile that reads B values in pairs needs the packed B block twice as wide.
+    const i64 copies = params->b_copies;
+    plan->b = PackedView{plan->depth_capacity, nc * copies, params->nr * copies, params->nr * copies * kcr,
+                         kViewReserved, nullptr};
     plan->buffer = nullptr;
 }
 
@@ -56,6 +59,7 @@ void init_kernel_params(KernelParams* p, const GemmTile& tile, TileChooser choos
     p->mr = tile.mr;
     p->nr = tile.nr;
     p->ku = 1;
+    p->b_copies = tile.b_copies;
     p->alignment = 4;
     p->choose_tile = chooser;
 }
@@ -75,6 +79,7 @@ int settle_tile(KernelParams* p, const GemmTile& standard, const GemmTile& alter
     p->mr = p->chosen_mr = tile.mr;
     p->nr = p->chosen_nr = tile.nr;
     p->ku = p->chosen_ku = 1;
+    p->b_copies = tile.b_copies;
     return held ? 1 : 0;
 }
 

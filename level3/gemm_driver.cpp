@@ -38,7 +38,8 @@ void plan_gemm(const GemmPath& path, const GemmOp& op, const MatrixDesc& a, cons
     // Other modes belong to the routines that reuse the driver with packers of their own.
     (void)op;
     plan->pack_a = reads_transposed(a) ? pack_a_transposed : pack_a_plain;
-    plan->pack_b = reads_transposed(b) ? pack_b_transposed : pack_b_plain;
+    if (params.b_copies == 2) plan->pack_b = reads_transposed(b) ? pack_b_transposed_doubled : pack_b_plain_doubled;
+    else plan->pack_b = reads_transposed(b) ? pack_b_transposed : pack_b_plain;
     plan->block = run_block;
     plan->scale = scale_c;
     plan->driver = blocked_driver;

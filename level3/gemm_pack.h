@@ -9,9 +9,9 @@
 // padding, so the panel that starts at row (column) r of the block starts at
 // element r * depth of the packed block.
 //
-// Each packer reads two columns (rows) of its panel per step and finishes an
-// odd last one alone: for the transposed sources the two values are adjacent
-// in memory.
+// Each packer reads two steps of depth of its panel at a time and finishes an
+// odd last one alone: for sources that hold a panel's lines along the depth,
+// the two values of a line are adjacent in memory.
 #pragma once
 
 #include "level3/gemm_records.h"
@@ -31,5 +31,9 @@ void pack_a_transposed(const MatrixDesc* a, i64 i0, i64 rows, i64 l0, i64 depth,
 // op(B) stored as is, or transposed: see PackB.
 void pack_b_plain(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, double* dst);
 void pack_b_transposed(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, double* dst);
+// The same panels with every value written twice in a row, for tiles that
+// want a broadcast pair from one load (GemmTile::b_copies = 2).
+void pack_b_plain_doubled(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, double* dst);
+void pack_b_transposed_doubled(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, double* dst);
 
 }  // namespace orv

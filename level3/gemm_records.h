@@ -93,6 +93,7 @@ struct KernelParams {
     int tile_mode;   // kTileModeDefault, kTileModeAlternative (0 until chosen)
     i64 alignment;   // 4 unless set
     TileChooser choose_tile;
+    i64 b_copies;    // the chosen tile's GemmTile::b_copies: how often packed B holds each value
 };
 
 // ---- Cache blocks and the work buffer -------------------------------------

@@ -13,7 +13,9 @@ namespace orv {
 // (descending powers of two below mr, each present only when its bit is set); each panel holds k columns,
 // its h values of a column consecutive, column after column; panels follow each other with no gap or padding.
 // Packed B: column panels of nr columns, then the narrower panels by the binary digits of the column remainder;
-// each panel holds k rows, its w values of a row consecutive, row after row. Alpha is already inside packed A.
+// each panel holds k rows, its w values of a row consecutive, row after row; a tile with b_copies = 2 wants every
+// value of packed B written twice in a row (so that one plain load gives a broadcast pair). Alpha is already
+// inside packed A.
 // The store variant never reads C. m, n, k >= 0 by reference; ldc in elements.
 using GemmMicroKernel = void (*)(const i64* m, const i64* n, const i64* k, const double* a, const double* b,
                                  double* c, const i64* ldc);
@@ -21,6 +23,7 @@ using GemmMicroKernel = void (*)(const i64* m, const i64* n, const i64* k, const
 struct GemmTile {
     int mr;                     // rows of the register tile
     int nr;                     // columns of the register tile
+    int b_copies;               // times each value of packed B is stored in a row (1 or 2)
     GemmMicroKernel accumulate;
     GemmMicroKernel store;
 };

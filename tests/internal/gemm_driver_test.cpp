@@ -48,6 +48,7 @@ orv::KernelParams params_for(int mr, int nr)
     p.mr = mr;
     p.nr = nr;
     p.ku = 1;
+    p.b_copies = 1;
     return p;
 }
 
@@ -174,7 +175,7 @@ void run_driver(const GemmPath& path, int tile_mode, Product& p, bool small_bloc
     blocks.a.rows = blocks.mc;
     blocks.a.cols = blocks.depth_capacity;
     blocks.b.rows = blocks.depth_capacity;
-    blocks.b.cols = blocks.nc;
+    blocks.b.cols = blocks.nc * params.b_copies;
     orv::acquire_buffer(&blocks);
     ASSERT_NE(blocks.buffer, nullptr);
     void* const buffer = blocks.buffer;
@@ -215,12 +216,15 @@ TEST(GemmBlocks, SizesFollowTheShapeAndTheTile)
         EXPECT_EQ(plan.a.panel_stride, t.mr * t.kc);
         EXPECT_EQ(plan.b.panel_stride, t.nr * t.kc);
     }
-    const orv::KernelParams params = params_for(4, 4);
+    orv::KernelParams params = params_for(4, 4);
+    params.b_copies = 2;  // a tile that reads B values in pairs gets a B block twice as wide
     orv::BlockPlan plan;
     orv::combined_block_sizes(10000, 1000, 1000, &params, &plan);
     EXPECT_EQ(plan.mc, 4992);
     EXPECT_EQ(plan.nc, 128);
     EXPECT_EQ(plan.kc, 256);
+    EXPECT_EQ(plan.b.cols, 256);
+    EXPECT_EQ(plan.b.panel_stride, 8 * 256);
 }
 
 // The k-blocks the driver walks: blocks of kc, a short tail joined to the last.
@@ -439,9 +443,9 @@ TEST(GemmPack, PanelsHoldTheBlockInKernelOrder)
 {
     const double alpha = -2.0;  // exact: the packed value is exactly alpha times the source
     for (const bool transposed : {false, true})
-        for (const i64 full : {1, 4, 6, 12, 28})
+        for (const i64 full : {1, 4, 6, 8, 12, 24, 28})
             for (const i64 count : {0, 1, 3, 11, 13, 31})
-                for (const i64 depth : {1, 2, 5}) {
+                for (const i64 depth : {1, 2, 5, 30}) {
                     // Source op(X) of 40 x 40 values v(i, j) = 64 i + j, viewed from (2, 3).
                     const i64 ld = 45;
                     std::vector<double> x(std::size_t(ld * 45), NAN);
@@ -471,17 +475,23 @@ TEST(GemmPack, PanelsHoldTheBlockInKernelOrder)
                     for (std::size_t i = std::size_t(count * depth); i < packed.size(); ++i)
                         ASSERT_EQ(packed[i], 12345.0) << "A " << what << ": written past the block";
 
-                    // B: rows [4, 4 + depth) x columns [1, 1 + count) of the view, unscaled.
-                    std::fill(packed.begin(), packed.end(), 12345.0);
-                    (transposed ? orv::pack_b_transposed : orv::pack_b_plain)(&view, 4, depth, 1, count, full,
-                                                                              packed.data());
-                    for (i64 c = 0; c < count; ++c)
-                        for (i64 l = 0; l < depth; ++l)
-                            ASSERT_EQ(packed[std::size_t(packed_index(widths, depth, c, l))],
-                                      double(64 * (6 + l) + (4 + c)))
-                                << "B " << what << " c=" << c << " l=" << l;
-                    for (std::size_t i = std::size_t(count * depth); i < packed.size(); ++i)
-                        ASSERT_EQ(packed[i], 12345.0) << "B " << what << ": written past the block";
+                    // B: rows [4, 4 + depth) x columns [1, 1 + count) of the view, unscaled,
+                    // each value once or twice in a row.
+                    for (const i64 copies : {1, 2}) {
+                        packed.assign(std::size_t(2 * count * depth + 8), 12345.0);
+                        const auto packer = transposed ? (copies == 1 ? orv::pack_b_transposed
+                                                                      : orv::pack_b_transposed_doubled)
+                                                       : (copies == 1 ? orv::pack_b_plain : orv::pack_b_plain_doubled);
+                        packer(&view, 4, depth, 1, count, full, packed.data());
+                        for (i64 c = 0; c < count; ++c)
+                            for (i64 l = 0; l < depth; ++l)
+                                for (i64 q = 0; q < copies; ++q)
+                                    ASSERT_EQ(packed[std::size_t(copies * packed_index(widths, depth, c, l) + q)],
+                                              double(64 * (6 + l) + (4 + c)))
+                                        << "B " << what << " copies=" << copies << " c=" << c << " l=" << l;
+                        for (std::size_t i = std::size_t(copies * count * depth); i < packed.size(); ++i)
+                            ASSERT_EQ(packed[i], 12345.0) << "B " << what << ": written past the block";
+                    }
                 }
 }
 

@@ -71,14 +71,15 @@ Guarded<double> pack_a(const std::vector<double>& a, int m, int k, int mr)
     return packed;
 }
 
-Guarded<double> pack_b(const std::vector<double>& b, int k, int n, int nr)
+Guarded<double> pack_b(const std::vector<double>& b, int k, int n, int nr, int copies)
 {
-    Guarded<double> packed(static_cast<std::size_t>(k) * n);
+    Guarded<double> packed(static_cast<std::size_t>(k) * n * copies);
     std::size_t at = 0;
     int col = 0;
     for (const int w : panel_sizes(n, nr)) {
         for (int l = 0; l < k; ++l)
-            for (int c = 0; c < w; ++c) packed[at++] = b[l + static_cast<std::size_t>(col + c) * k];
+            for (int c = 0; c < w; ++c)
+                for (int q = 0; q < copies; ++q) packed[at++] = b[l + static_cast<std::size_t>(col + c) * k];
         col += w;
     }
     return packed;
@@ -94,7 +95,7 @@ Guarded<double> pack_b(const std::vector<double>& b, int k, int n, int nr)
     for (auto& v : a) v = rng.coarse();
     for (auto& v : b) v = rng.coarse();
     const Guarded<double> pa = pack_a(a, m, k, tile.mr);
-    const Guarded<double> pb = pack_b(b, k, n, tile.nr);
+    const Guarded<double> pb = pack_b(b, k, n, tile.nr, tile.b_copies);
 
     const i64 ldc = m + 3;
     Guarded<double> c(static_cast<std::size_t>(ldc) * (n > 0 ? n : 1));
