@@ -65,9 +65,7 @@ GemmEvent small_and_tiny_road(const GemmPath& path, const GemmShape& s)
     return tiny_or_general(path, s);
 }
 
-}  // namespace
-
-GemmEvent choose_gemm_road(const GemmPath& path, const GemmShape& s)
+[[gnu::always_inline]] inline GemmEvent road_for(const GemmPath& path, const GemmShape& s)
 {
     if (s.m <= 0 || s.n <= 0) return GemmEvent::none;
     switch (path.routing) {
@@ -79,25 +77,41 @@ GemmEvent choose_gemm_road(const GemmPath& path, const GemmShape& s)
     return general_road(path, s);
 }
 
+// The path's own small kernel on a shape that reached it: alpha 0 or k 0
+// leave only the scaling by beta.
+void run_small(GemmSmallKernel kernel, const GemmShape& s, const double* a, i64 lda, const double* b, i64 ldb,
+               double beta, double* c, i64 ldc)
+{
+    if (s.alpha == 0.0 || s.k < 1) {
+        scale_c(s.m, s.n, beta, c, ldc);
+        return;
+    }
+    kernel(s.ta != 'N', s.tb != 'N', s.m, s.n, s.k, s.alpha, a, lda, b, ldb, beta, c, ldc);
+}
+
+}  // namespace
+
+GemmEvent choose_gemm_road(const GemmPath& path, const GemmShape& s) { return road_for(path, s); }
+
 void routed_dgemm(const GemmPath& path, const char* transa, const char* transb, const i64* m, const i64* n,
                   const i64* k, const double* alpha, const double* a, const i64* lda, const double* b,
                   const i64* ldb, const double* beta, double* c, const i64* ldc)
 {
     const GemmShape shape{cnr::l3::option_letter(transa), cnr::l3::option_letter(transb), *m, *n, *k, *alpha,
                           *beta};
-    const GemmEvent road = choose_gemm_road(path, shape);
+    const GemmEvent road = road_for(path, shape);
     switch (road) {
     case GemmEvent::none:
         gemm_event(road);
         return;
     case GemmEvent::direct:
         gemm_event(road);
-        if (path.small) path_small_dgemm(path.small, transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
+        if (path.small) run_small(path.small, shape, a, *lda, b, *ldb, shape.beta, c, *ldc);
         else direct_small_dgemm(transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
         return;
     case GemmEvent::tiny:
         gemm_event(road);
-        if (path.small) path_small_dgemm(path.small, transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
+        if (path.small) run_small(path.small, shape, a, *lda, b, *ldb, shape.beta, c, *ldc);
         else tiny_dgemm(transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
         return;
     default:
@@ -126,7 +140,7 @@ void routed_dgemm(const GemmPath& path, const char* transa, const char* transb, 
     if (road == GemmEvent::thin) {
         gemm_event(road);
         if (path.small)
-            path_small_dgemm(path.small, transa, transb, m, n, k, alpha, a, lda, b, ldb, &added.beta, c, ldc);
+            run_small(path.small, shape, a, *lda, b, *ldb, added.beta, c, *ldc);
         else
             plan.fallback(transa, transb, m, n, k, alpha, a, lda, b, ldb, &added.beta, c, ldc);
         return;

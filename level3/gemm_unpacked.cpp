@@ -179,20 +179,6 @@ void tiny_dgemm(const char* transa, const char* transb, const i64* m, const i64*
     unpacked_product(transa, transb, *m, *n, *k, *alpha, a, *lda, b, *ldb, *beta, c, *ldc);
 }
 
-void path_small_dgemm(GemmSmallKernel kernel, const char* transa, const char* transb, const i64* m, const i64* n,
-                      const i64* k, const double* alpha, const double* a, const i64* lda, const double* b,
-                      const i64* ldb, const double* beta, double* c, const i64* ldc)
-{
-    const i64 mm = *m, nn = *n, kk = *k;
-    if (mm < 1 || nn < 1) return;
-    if (*alpha == 0.0 || kk < 1) {
-        scale_c(mm, nn, *beta, c, *ldc);
-        return;
-    }
-    kernel(cnr::l3::option_letter(transa) != 'N', cnr::l3::option_letter(transb) != 'N', mm, nn, kk, *alpha, a, *lda,
-           b, *ldb, *beta, c, *ldc);
-}
-
 void unpacked_dgemm(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k,
                     const double* alpha, const double* a, const i64* lda, const double* b, const i64* ldb,
                     const double* beta, double* c, const i64* ldc)

@@ -5,7 +5,6 @@
 // takes the thirteen arguments of the product by address.
 #pragma once
 
-#include "level3/kernels/gemm_small.h"
 #include "service/types.h"
 
 namespace orv {
@@ -26,11 +25,5 @@ void tiny_dgemm(const char* transa, const char* transb, const i64* m, const i64*
 void unpacked_dgemm(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k,
                     const double* alpha, const double* a, const i64* lda, const double* b, const i64* ldb,
                     const double* beta, double* c, const i64* ldc);
-
-// The same product on a code path's own small-product kernel (the direct,
-// tiny and thin roads of the paths that have one).
-void path_small_dgemm(GemmSmallKernel kernel, const char* transa, const char* transb, const i64* m, const i64* n,
-                      const i64* k, const double* alpha, const double* a, const i64* lda, const double* b,
-                      const i64* ldb, const double* beta, double* c, const i64* ldc);
 
 }  // namespace orv
