@@ -24,8 +24,9 @@ constexpr i64 kBOffset = 768;
 constexpr i64 kPage = 4096;
 constexpr i64 kViewReserved = 128;
 
-// A remainder of at most an eighth of a block joins the last block.
-i64 depth_capacity(i64 k, i64 kc, i64 ku) { return min_of(k, round_up(kc + kc / 8, ku)); }
+// A remainder of at most a quarter of a block joins the last block: a short
+// block pays the loads and stores of C for little work.
+i64 depth_capacity(i64 k, i64 kc, i64 ku) { return min_of(k, round_up(kc + kc / 4, ku)); }
 
 void lay_out(i64 mc, i64 nc, i64 kc, i64 k, const KernelParams* params, BlockPlan* plan)
 {

@@ -148,6 +148,7 @@ Gather gather_for(i64 w)
     case 6: return G::template run<6>;
     case 8: return G::template run<8>;
     case 12: return G::template run<12>;
+    case 16: return G::template run<16>;
     case 24: return G::template run<24>;
     case 28: return G::template run<28>;
     default: return G::template run<0>;

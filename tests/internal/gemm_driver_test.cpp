@@ -239,8 +239,9 @@ TEST(GemmBlocks, DepthsCoverTheInnerDimension)
         {300, {150, 150}},
         {383, {191, 192}},
         {385, {192, 193}},
-        {416, {192, 192, 32}},
-        {1000, {192, 192, 192, 192, 192, 40}},
+        {416, {192, 224}},
+        {441, {192, 192, 57}},
+        {1000, {192, 192, 192, 192, 232}},
     };
     const orv::KernelParams params = params_for(12, 4);
     for (const auto& t : cases) {
@@ -443,7 +444,7 @@ TEST(GemmPack, PanelsHoldTheBlockInKernelOrder)
 {
     const double alpha = -2.0;  // exact: the packed value is exactly alpha times the source
     for (const bool transposed : {false, true})
-        for (const i64 full : {1, 4, 6, 8, 12, 24, 28})
+        for (const i64 full : {1, 4, 6, 8, 12, 16, 24, 28})
             for (const i64 count : {0, 1, 3, 11, 13, 31})
                 for (const i64 depth : {1, 2, 5, 30}) {
                     // Source op(X) of 40 x 40 values v(i, j) = 64 i + j, viewed from (2, 3).
