@@ -53,8 +53,14 @@ namespace {
 
 i64 min_of(i64 x, i64 y) { return x < y ? x : y; }
 
+// Rows of A packed at once when a panel is first needed: the columns of A are
+// then read in runs of this many values instead of one panel's height, which
+// the hardware can stream.
+constexpr i64 kPackAheadRows = 96;
+
 // The loop nest over one buffer. A panels are packed on their first use in a
-// k-block and reused by the later column slices of that k-block.
+// k-block, a group at a time, and reused by the later column slices of that
+// k-block.
 void blocked_loops(const GemmOp& op, const MatrixDesc& a, const MatrixDesc& b, const MatrixDesc& c,
                    const BlockPlan& blocks, const GemmPlan& plan, double beta)
 {
@@ -76,8 +82,10 @@ void blocked_loops(const GemmOp& op, const MatrixDesc& a, const MatrixDesc& b, c
                     const i64 h = min_of(mr, mb - ip);
                     double* panel = packed_a + ip * kb;
                     if (ip >= packed_rows) {
-                        plan.pack_a(&a, i0 + ip, h, l0, kb, op.alpha, mr, panel);
-                        packed_rows = ip + h;
+                        const i64 group = (kPackAheadRows + mr - 1) / mr * mr;
+                        const i64 rows = min_of(group, mb - ip);
+                        plan.pack_a(&a, i0 + ip, rows, l0, kb, op.alpha, mr, panel);
+                        packed_rows = ip + rows;
                     }
                     plan.block(plan.tile, h, nb, kb, panel, packed_b, c.elem_addr(i0 + ip, j0, &c), c.ld,
                                block_beta);

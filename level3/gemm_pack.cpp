@@ -36,35 +36,41 @@ inline void prefetch_step(const double* src, i64 ld, i64 w, i64 depth, i64 l)
     __builtin_prefetch(step + w - 1);
 }
 
-// dst[l * W + r] = factor * src[r + l * ld]: the W values of a step are
-// adjacent in the source. W = 0 stands for the run-time width w. With
-// Copies = 2 every value is written twice in a row.
+// Panels of W values per step whose values of a step are adjacent in the
+// source: for p < panels, dst[p * W * depth + l * W + r] = factor *
+// src[p * W + r + l * ld]. All the panels are walked together, step after
+// step, so that the source is read along its contiguous runs. W = 0 stands
+// for the run-time width w. With Copies = 2 every value is written twice in
+// a row.
 template <int W, int Copies>
-void gather_adjacent(const double* src, i64 ld, i64 w, i64 depth, double factor, double* dst)
+void gather_adjacent(const double* src, i64 ld, i64 w, i64 panels, i64 depth, double factor, double* dst)
 {
     if constexpr (W > 0) w = W;
+    const i64 span = w * panels, stride = w * depth * Copies;
     const __m128d f = _mm_set1_pd(factor);
     const auto one_step = [&](i64 l) {
-        const double* s = src + l * ld;
-        double* d = dst + l * w * Copies;
-        i64 r = 0;
-        for (; r + 2 <= w; r += 2) {
-            const __m128d x = _mm_mul_pd(f, _mm_loadu_pd(s + r));
-            if constexpr (Copies == 1) {
-                _mm_storeu_pd(d + r, x);
-            } else {
-                _mm_storeu_pd(d + 2 * r, _mm_unpacklo_pd(x, x));
-                _mm_storeu_pd(d + 2 * r + 2, _mm_unpackhi_pd(x, x));
+        for (i64 p = 0; p < panels; ++p) {
+            const double* s = src + l * ld + p * w;
+            double* d = dst + p * stride + l * w * Copies;
+            i64 r = 0;
+            for (; r + 2 <= w; r += 2) {
+                const __m128d x = _mm_mul_pd(f, _mm_loadu_pd(s + r));
+                if constexpr (Copies == 1) {
+                    _mm_storeu_pd(d + r, x);
+                } else {
+                    _mm_storeu_pd(d + 2 * r, _mm_unpacklo_pd(x, x));
+                    _mm_storeu_pd(d + 2 * r + 2, _mm_unpackhi_pd(x, x));
+                }
             }
-        }
-        if (r < w) {
-            for (int q = 0; q < Copies; ++q) d[r * Copies + q] = factor * s[r];
+            if (r < w) {
+                for (int q = 0; q < Copies; ++q) d[r * Copies + q] = factor * s[r];
+            }
         }
     };
     i64 l = 0;
     for (; l + 2 <= depth; l += 2) {
-        prefetch_step(src, ld, w, depth, l + kAheadSteps);
-        prefetch_step(src, ld, w, depth, l + kAheadSteps + 1);
+        prefetch_step(src, ld, span, depth, l + kAheadSteps);
+        prefetch_step(src, ld, span, depth, l + kAheadSteps + 1);
         one_step(l);
         one_step(l + 1);
     }
@@ -76,7 +82,7 @@ void gather_adjacent(const double* src, i64 ld, i64 w, i64 depth, double factor,
 // neighbouring lines are transposed in registers. With Copies = 2 every value
 // is written twice in a row.
 template <int W, int Copies>
-void gather_lines(const double* src, i64 ld, i64 w, i64 depth, double factor, double* dst)
+void gather_line_panel(const double* src, i64 ld, i64 w, i64 depth, double factor, double* dst)
 {
     if constexpr (W > 0) w = W;
     const i64 row = w * Copies;
@@ -117,22 +123,32 @@ void gather_lines(const double* src, i64 ld, i64 w, i64 depth, double factor, do
     }
 }
 
-using Gather = void (*)(const double*, i64, i64, i64, double, double*);
+// Panels whose lines run along the depth: panel p's lines start at
+// src + p * W * ld.
+template <int W, int Copies>
+void gather_lines(const double* src, i64 ld, i64 w, i64 panels, i64 depth, double factor, double* dst)
+{
+    if constexpr (W > 0) w = W;
+    for (i64 p = 0; p < panels; ++p)
+        gather_line_panel<W, Copies>(src + p * w * ld, ld, w, depth, factor, dst + p * w * depth * Copies);
+}
+
+using Gather = void (*)(const double*, i64, i64, i64, i64, double, double*);
 
 template <int Copies>
 struct Adjacent {
     template <int W>
-    static void run(const double* s, i64 ld, i64 w, i64 depth, double f, double* d)
+    static void run(const double* s, i64 ld, i64 w, i64 panels, i64 depth, double f, double* d)
     {
-        gather_adjacent<W, Copies>(s, ld, w, depth, f, d);
+        gather_adjacent<W, Copies>(s, ld, w, panels, depth, f, d);
     }
 };
 template <int Copies>
 struct Lines {
     template <int W>
-    static void run(const double* s, i64 ld, i64 w, i64 depth, double f, double* d)
+    static void run(const double* s, i64 ld, i64 w, i64 panels, i64 depth, double f, double* d)
     {
-        gather_lines<W, Copies>(s, ld, w, depth, f, d);
+        gather_lines<W, Copies>(s, ld, w, panels, depth, f, d);
     }
 };
 
@@ -157,12 +173,15 @@ Gather gather_for(i64 w)
 
 // The panels of a block of `count` lines; `source(line)` is the address of the
 // line's first value in the block, `copies` how often each value is written.
+// The full panels go in one gather, the remainder's panels one by one.
 template <class G, class Source>
 void pack_panels(i64 count, i64 full, i64 ld, i64 depth, double factor, int copies, double* dst, Source source)
 {
-    for (i64 r = 0; r < count;) {
+    const i64 whole = count / full;
+    if (whole > 0) gather_for<G>(full)(source(0), ld, full, whole, depth, factor, dst);
+    for (i64 r = whole * full; r < count;) {
         const i64 w = next_panel_width(count - r, full);
-        gather_for<G>(w)(source(r), ld, w, depth, factor, dst + r * depth * copies);
+        gather_for<G>(w)(source(r), ld, w, 1, depth, factor, dst + r * depth * copies);
         r += w;
     }
 }
