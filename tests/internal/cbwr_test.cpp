@@ -196,7 +196,8 @@ Report report(const char* cbwr, const char* enable = nullptr)
     return rep;
 }
 
-// What Parts 2.1 and 2.3 give on this processor, from its feature word.
+// The code path and branch this processor gets under a cap, from its feature
+// word.
 int selection(int cap)
 {
     return orv::select_code_path(orv::cpu_feature_word(), orv::cpu_is_reference_vendor(),

@@ -90,12 +90,18 @@ inline ChildResult run_child(const std::string& test, const std::vector<EnvChang
     // cmd.exe drops the outermost pair of quotes.
     command.insert(0, 1, '"');
     command += '"';
-    FILE* pipe = _popen(command.c_str(), "r");
-#else
-    FILE* pipe = popen(command.c_str(), "r");
 #endif
     ChildResult result;
-    if (pipe != nullptr) {
+    // Every child writes something (at least the test framework's summary).
+    // Under a heavily loaded emulated system a child has been seen to come
+    // back with no output at all, never having run: it is started once more.
+    for (int attempt = 0; attempt < 2 && result.out.empty(); ++attempt) {
+#if defined(_WIN32)
+        FILE* pipe = _popen(command.c_str(), "r");
+#else
+        FILE* pipe = popen(command.c_str(), "r");
+#endif
+        if (pipe == nullptr) continue;
         char chunk[4096];
         std::size_t got;
         while ((got = std::fread(chunk, 1, sizeof chunk, pipe)) > 0) result.out.append(chunk, got);
