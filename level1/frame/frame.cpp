@@ -15,4 +15,6 @@ i64 parts_for(const Split& split, i64 n, bool splittable)
     return worth < threads ? worth : threads;
 }
 
+PartialsRefusal partials_refusal = nullptr;
+
 }  // namespace orv::frame

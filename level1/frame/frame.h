@@ -99,12 +99,22 @@ void update(const Split& split, i64 n, bool splittable, const Kernel& kernel)
 // threads, from the memory manager above.
 inline constexpr i64 kStackEntries = 512;
 
+// Withholds the memory manager's partial array of `parts` entries when it
+// answers true, as if there were no memory: a hook that only the library's
+// own tests set. Null otherwise, which costs one test on the rare heap road.
+using PartialsRefusal = bool (*)(i64 parts);
+extern PartialsRefusal partials_refusal;
+
 template <typename Entry>
 class Partials {
 public:
     Partials(i64 parts, const char* caller) : data_(local_)
     {
         if (parts <= kStackEntries) return;
+        if (partials_refusal != nullptr && partials_refusal(parts)) {
+            data_ = nullptr;
+            return;
+        }
         data_ = static_cast<Entry*>(orv_malloc(static_cast<std::size_t>(parts) * sizeof(Entry), 128));
         heap_ = true;
         if (alloc_failed(data_, caller)) data_ = nullptr;

@@ -19,6 +19,7 @@
 #include "child_process.h"
 #include "level1/dispatch.h"
 #include "level1/frame/drivers.h"
+#include "level1/frame/frame.h"
 #include "service/thread_policy.h"
 #include "../level1/level1_test.h"
 
@@ -558,6 +559,38 @@ TEST(Frame, MorePartsThanTheStackArrayHolds)
     const ChildResult child =
         run_child("FrameChild.DISABLED_ManyParts", {{"ORV_NUM_THREADS", "513"}, {"ORV_DYNAMIC", "false"},
                                                      {"ORV_DOMAIN_NUM_THREADS", nullptr}});
+    EXPECT_EQ(child.status, 0) << child.out;
+}
+
+// Child: the heap array of 513 partials is refused. Every reduction still
+// gives its result, computed by one kernel call on the whole vector.
+std::atomic<int> g_refusals{0};
+std::atomic<i64> g_refused_parts{0};
+
+TEST(FrameChild, DISABLED_RefusedPartials)
+{
+    orv::frame::partials_refusal = [](i64 parts) {
+        ++g_refusals;
+        g_refused_parts = parts;
+        return true;
+    };
+    Rng rng(67);
+    ASSERT_EQ(granted(513), 513);
+    for (const Reduction& red : reductions()) {
+        const int before = g_refusals;
+        Vectors s(513 * red.grain, {1, -1}, rng);
+        EXPECT_TRUE(matches_emulation(red, s, 1)) << red.name;
+        EXPECT_EQ(g_refusals - before, 1) << red.name << ": the heap array was not asked for exactly once";
+        EXPECT_EQ(g_refused_parts, 513) << red.name;
+    }
+    orv::frame::partials_refusal = nullptr;
+}
+
+TEST(Frame, RefusedPartialsLeaveOneCallOnTheWholeVector)
+{
+    const ChildResult child =
+        run_child("FrameChild.DISABLED_RefusedPartials", {{"ORV_NUM_THREADS", "513"}, {"ORV_DYNAMIC", "false"},
+                                                          {"ORV_DOMAIN_NUM_THREADS", nullptr}});
     EXPECT_EQ(child.status, 0) << child.out;
 }
 
