@@ -173,12 +173,21 @@ Gather gather_for(i64 w)
 
 // The panels of a block of `count` lines; `source(line)` is the address of the
 // line's first value in the block, `copies` how often each value is written.
-// The full panels go in one gather, the remainder's panels one by one.
+// The full panels go in gathers of up to kPanelsTogether, the remainder's
+// panels one by one. Panels of one block lie a whole panel apart, often a
+// multiple of the page size: more of them written side by side than the
+// first-level cache has ways would evict each other's lines.
+constexpr i64 kPanelsTogether = 8;
+
 template <class G, class Source>
 void pack_panels(i64 count, i64 full, i64 ld, i64 depth, double factor, int copies, double* dst, Source source)
 {
     const i64 whole = count / full;
-    if (whole > 0) gather_for<G>(full)(source(0), ld, full, whole, depth, factor, dst);
+    const Gather gather = gather_for<G>(full);
+    for (i64 p = 0; p < whole; p += kPanelsTogether) {
+        const i64 panels = whole - p < kPanelsTogether ? whole - p : kPanelsTogether;
+        gather(source(p * full), ld, full, panels, depth, factor, dst + p * full * depth * copies);
+    }
     for (i64 r = whole * full; r < count;) {
         const i64 w = next_panel_width(count - r, full);
         gather_for<G>(w)(source(r), ld, w, 1, depth, factor, dst + r * depth * copies);
