@@ -13,8 +13,8 @@
 
 #include "service/memory.h"
 #include "service/memory_block.h"
-#include "service/memory_os.h"
 #include "service/spinlock.h"
+#include "service/thread_slot.h"
 
 namespace orv {
 namespace mm {
@@ -50,8 +50,7 @@ static_assert(sizeof(ThreadRecord) == 64);
 ThreadRecord g_records[kMaxThreads];
 unsigned g_next_index = 0;
 
-int g_slot_state = -1;  // 1 the thread-local slot exists, 0 the system gave none
-SpinLock g_slot_lock;
+ThreadSlot g_index_slot;  // each thread's index, 0 until assigned
 
 // Threads past the table share one pair of totals. Updaters raise the word
 // by 2 for the time of their atomic adds; a reader makes it odd to see both
@@ -60,31 +59,17 @@ int g_shared_word = 0;
 i64 g_shared_bytes = 0;
 i64 g_shared_blocks = 0;
 
-bool slot_ready()
-{
-    int state = __atomic_load_n(&g_slot_state, __ATOMIC_ACQUIRE);
-    if (state < 0) {
-        SpinGuard guard(g_slot_lock);
-        state = g_slot_state;
-        if (state < 0) {
-            state = memory_os::create_thread_slot() ? 1 : 0;
-            __atomic_store_n(&g_slot_state, state, __ATOMIC_RELEASE);
-        }
-    }
-    return state == 1;
-}
-
 // The calling thread's index, handed out on its first allocation or
 // release; 0 when it has none yet and `assign` is false or the system has no
 // slot, kNoRecord past the table.
 unsigned thread_index(bool assign)
 {
-    if (!slot_ready()) return 0;
-    unsigned index = memory_os::read_thread_slot();
+    if (!g_index_slot.ready()) return 0;
+    unsigned index = static_cast<unsigned>(g_index_slot.read());
     if (index == 0 && assign) {
         index = __atomic_add_fetch(&g_next_index, 1, __ATOMIC_RELAXED);
         if (index == 0 || index > kMaxThreads) index = kNoRecord;
-        memory_os::write_thread_slot(index);
+        g_index_slot.write(index);
     }
     return index;
 }

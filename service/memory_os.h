@@ -1,16 +1,9 @@
-// Operating-system services of the memory manager: one thread-local slot
-// for the thread index, and loading the high-bandwidth library by name.
-// Definitions in memory_posix.cpp and memory_windows.cpp.
+// Operating-system services of the memory manager: loading the
+// high-bandwidth library by name. Definitions in memory_posix.cpp and
+// memory_windows.cpp.
 #pragma once
 
 namespace orv::memory_os {
-
-// Creates the process's thread-local slot and arranges its release at
-// process exit. Called once; false when the system has no slot to give.
-bool create_thread_slot();
-// The calling thread's value in the slot; 0 until it writes one.
-unsigned read_thread_slot();
-void write_thread_slot(unsigned value);
 
 // File name of the high-bandwidth memory library on this system.
 const char* high_bandwidth_library_name();

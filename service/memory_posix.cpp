@@ -1,22 +1,15 @@
-// POSIX services of the memory manager: a pthread key for the thread index,
-// dlopen for the high-bandwidth library.
+// POSIX services of the memory manager: dlopen for the high-bandwidth
+// library.
 
 #include "service/memory_os.h"
 
 #include <dlfcn.h>
-#include <pthread.h>
 
-#include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 
 namespace orv::memory_os {
 namespace {
-
-pthread_key_t g_slot;
-
-void release_thread_slot() { pthread_key_delete(g_slot); }
 
 // Directory of the module holding this code, with its trailing '/', or ""
 // when it cannot be told.
@@ -34,23 +27,6 @@ void own_directory(char* dir, std::size_t size)
 }
 
 }  // namespace
-
-bool create_thread_slot()
-{
-    if (pthread_key_create(&g_slot, nullptr) != 0) return false;
-    std::atexit(release_thread_slot);
-    return true;
-}
-
-unsigned read_thread_slot()
-{
-    return static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(pthread_getspecific(g_slot)));
-}
-
-void write_thread_slot(unsigned value)
-{
-    pthread_setspecific(g_slot, reinterpret_cast<void*>(static_cast<std::uintptr_t>(value)));
-}
 
 const char* high_bandwidth_library_name() { return "libmemkind.so.0"; }
 

@@ -1,21 +1,15 @@
-// Windows services of the memory manager: a TLS index for the thread index,
-// LoadLibraryA for the high-bandwidth library.
+// Windows services of the memory manager: LoadLibraryA for the
+// high-bandwidth library.
 
 #include "service/memory_os.h"
 
 #include <windows.h>
 
-#include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 
 namespace orv::memory_os {
 namespace {
-
-DWORD g_slot = TLS_OUT_OF_INDEXES;
-
-void release_thread_slot() { TlsFree(g_slot); }
 
 // Directory of the DLL (or program) holding this code, with its trailing
 // separator, or "" when it cannot be told.
@@ -47,24 +41,6 @@ HMODULE load_from(const char* dir, const char* name)
 }
 
 }  // namespace
-
-bool create_thread_slot()
-{
-    g_slot = TlsAlloc();
-    if (g_slot == TLS_OUT_OF_INDEXES) return false;
-    std::atexit(release_thread_slot);
-    return true;
-}
-
-unsigned read_thread_slot()
-{
-    return static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(TlsGetValue(g_slot)));
-}
-
-void write_thread_slot(unsigned value)
-{
-    TlsSetValue(g_slot, reinterpret_cast<void*>(static_cast<std::uintptr_t>(value)));
-}
 
 const char* high_bandwidth_library_name() { return "memkind.dll"; }
 

@@ -43,4 +43,13 @@ std::int64_t reference_ticks_per_second();
 long coarse_ticks();
 long coarse_ticks_per_second();
 
+// Thread-local words: a key names one, whose value is 0 in every thread until
+// that thread writes its own. Creation returns false when the system has no
+// key left to give.
+using ThreadKey = std::uintptr_t;
+bool create_thread_key(ThreadKey* key);
+void delete_thread_key(ThreadKey key);
+std::uintptr_t read_thread_key(ThreadKey key);
+void write_thread_key(ThreadKey key, std::uintptr_t value);
+
 }  // namespace orv::platform

@@ -1,7 +1,9 @@
-// POSIX platform services: plain stdio, _exit, sched_yield, CLOCK_MONOTONIC.
+// POSIX platform services: plain stdio, _exit, sched_yield, CLOCK_MONOTONIC,
+// pthread keys.
 
 #include "service/platform.h"
 
+#include <pthread.h>
 #include <sched.h>
 #include <unistd.h>
 
@@ -51,5 +53,25 @@ std::int64_t reference_ticks_per_second() { return 1000000000; }
 long coarse_ticks() { return static_cast<long>(std::clock()); }
 
 long coarse_ticks_per_second() { return static_cast<long>(CLOCKS_PER_SEC); }
+
+bool create_thread_key(ThreadKey* key)
+{
+    pthread_key_t k;
+    if (pthread_key_create(&k, nullptr) != 0) return false;
+    *key = static_cast<ThreadKey>(k);
+    return true;
+}
+
+void delete_thread_key(ThreadKey key) { pthread_key_delete(static_cast<pthread_key_t>(key)); }
+
+std::uintptr_t read_thread_key(ThreadKey key)
+{
+    return reinterpret_cast<std::uintptr_t>(pthread_getspecific(static_cast<pthread_key_t>(key)));
+}
+
+void write_thread_key(ThreadKey key, std::uintptr_t value)
+{
+    pthread_setspecific(static_cast<pthread_key_t>(key), reinterpret_cast<void*>(value));
+}
 
 }  // namespace orv::platform

@@ -240,4 +240,24 @@ long coarse_ticks() { return static_cast<long>(std::clock()); }
 
 long coarse_ticks_per_second() { return static_cast<long>(CLOCKS_PER_SEC); }
 
+bool create_thread_key(ThreadKey* key)
+{
+    const DWORD index = TlsAlloc();
+    if (index == TLS_OUT_OF_INDEXES) return false;
+    *key = index;
+    return true;
+}
+
+void delete_thread_key(ThreadKey key) { TlsFree(static_cast<DWORD>(key)); }
+
+std::uintptr_t read_thread_key(ThreadKey key)
+{
+    return reinterpret_cast<std::uintptr_t>(TlsGetValue(static_cast<DWORD>(key)));
+}
+
+void write_thread_key(ThreadKey key, std::uintptr_t value)
+{
+    TlsSetValue(static_cast<DWORD>(key), reinterpret_cast<void*>(value));
+}
+
 }  // namespace orv::platform

@@ -6,11 +6,13 @@
 #include <omp.h>
 
 #include <climits>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 
 #include "service/platform.h"
 #include "service/spinlock.h"
+#include "service/thread_slot.h"
 
 namespace orv {
 namespace {
@@ -271,5 +273,13 @@ int get_domain_num_threads(int domain)
     if (domain < 1 || domain > kDomainLast) return -1;
     return initialised_policy().domain_threads[domain];
 }
+
+namespace {
+ThreadSlot g_count_slot;
+}  // namespace
+
+int thread_count_override() { return static_cast<int>(static_cast<std::intptr_t>(g_count_slot.read())); }
+
+void set_thread_count_override(int n) { g_count_slot.write(static_cast<std::uintptr_t>(static_cast<std::intptr_t>(n))); }
 
 }  // namespace orv

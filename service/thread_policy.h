@@ -112,8 +112,7 @@ int get_domain_num_threads(int domain);
 
 // The calling thread's own count, 0 when none was stored. It overrides the
 // policy for that thread; nothing in the library stores one yet, the slot
-// exists so that a thread-local setter can be offered. Defined per platform
-// in thread_policy_posix.cpp and thread_policy_windows.cpp.
+// exists so that a thread-local setter can be offered.
 int thread_count_override();
 void set_thread_count_override(int n);
 
