@@ -82,6 +82,16 @@ inline TriangleShape triangle_shape(const char* side, const char* uplo, const ch
             option_letter(diag) == 'U'};
 }
 
+// Runs body.operator()<Conj>() with Conj set when `trans` asks for the
+// conjugate transpose of complex data; for real data 'C' is a plain
+// transpose.
+template <typename T, typename Body>
+inline void with_conjugation(const char* trans, const Body& body)
+{
+    if (kIsComplex<T> && option_letter(trans) == 'C') body.template operator()<true>();
+    else body.template operator()<false>();
+}
+
 // c[first..last) := beta * c. A zero beta stores zeros without reading c, so
 // that NaN or Inf left in C does not survive it; a unit beta leaves c alone.
 template <typename T, typename S>

@@ -110,12 +110,7 @@ void trsm_options(const char* side, const char* uplo, const char* transa, const 
                   const T* a, i64 lda, T* b, i64 ldb)
 {
     const TriangleShape s = triangle_shape(side, uplo, transa, diag);
-    const char ta = option_letter(transa);
-    // For real data 'C' is a plain transpose.
-    if (kIsComplex<T> && ta == 'C')
-        trsm<T, true>(s, m, n, alpha, a, lda, b, ldb);
-    else
-        trsm<T, false>(s, m, n, alpha, a, lda, b, ldb);
+    with_conjugation<T>(transa, [&]<bool Conj>() { trsm<T, Conj>(s, m, n, alpha, a, lda, b, ldb); });
 }
 
 }  // namespace
