@@ -2,7 +2,7 @@
 
 #include "level3/dispatch.h"
 
-#include "level3/gemm_path.h"
+#include "level3/gemm_route.h"
 
 namespace orv {
 namespace {
@@ -34,16 +34,16 @@ constexpr Level3Kernels with_dgemm(decltype(&cnr::dgemm) dgemm)
     return table;
 }
 
-constexpr Level3Kernels kAvx512 = with_dgemm(dgemm_avx512);
-constexpr Level3Kernels kAvx512Qix = with_dgemm(dgemm_avx512_qix);
-constexpr Level3Kernels kAvx2 = with_dgemm(dgemm_avx2);
-constexpr Level3Kernels kAvx = with_dgemm(dgemm_avx);
-constexpr Level3Kernels kMc3 = with_dgemm(dgemm_mc3);
-constexpr Level3Kernels kMc = with_dgemm(dgemm_mc);
-constexpr Level3Kernels kDef = with_dgemm(dgemm_def);
+constexpr Level3Kernels kAvx512 = with_dgemm(dgemm_member<kGemmPathAvx512>);
+constexpr Level3Kernels kAvx512Qix = with_dgemm(dgemm_member<kGemmPathAvx512Qix>);
+constexpr Level3Kernels kAvx2 = with_dgemm(dgemm_member<kGemmPathAvx2>);
+constexpr Level3Kernels kAvx = with_dgemm(dgemm_member<kGemmPathAvx>);
+constexpr Level3Kernels kMc3 = with_dgemm(dgemm_member<kGemmPathMc3>);
+constexpr Level3Kernels kMc = with_dgemm(dgemm_member<kGemmPathMc>);
+constexpr Level3Kernels kDef = with_dgemm(dgemm_member<kGemmPathDef>);
 // The baseline's product already gives the same bits on every processor and
 // wherever the arrays lie, so the reproducible build shares it.
-constexpr Level3Kernels kCnr = with_dgemm(dgemm_def);
+constexpr Level3Kernels kCnr = with_dgemm(dgemm_member<kGemmPathDef>);
 
 }  // namespace
 

@@ -41,29 +41,4 @@ extern const GemmPath kGemmPathDef;
 // The record of a path: its default tile, confirmed by its chooser.
 void init_path_params(const GemmPath& path, KernelParams* params);
 
-// The dgemm member of each build: the shared routed product with that
-// build's description. The compatible build runs the baseline's member, whose
-// results depend neither on the processor nor on the placement of the arrays.
-void dgemm_avx512(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k,
-                  const double* alpha, const double* a, const i64* lda, const double* b, const i64* ldb,
-                  const double* beta, double* c, const i64* ldc);
-void dgemm_avx512_qix(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k,
-                      const double* alpha, const double* a, const i64* lda, const double* b, const i64* ldb,
-                      const double* beta, double* c, const i64* ldc);
-void dgemm_avx2(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k,
-                const double* alpha, const double* a, const i64* lda, const double* b, const i64* ldb,
-                const double* beta, double* c, const i64* ldc);
-void dgemm_avx(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k, const double* alpha,
-               const double* a, const i64* lda, const double* b, const i64* ldb, const double* beta, double* c,
-               const i64* ldc);
-void dgemm_mc3(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k, const double* alpha,
-               const double* a, const i64* lda, const double* b, const i64* ldb, const double* beta, double* c,
-               const i64* ldc);
-void dgemm_mc(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k, const double* alpha,
-              const double* a, const i64* lda, const double* b, const i64* ldb, const double* beta, double* c,
-              const i64* ldc);
-void dgemm_def(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k, const double* alpha,
-               const double* a, const i64* lda, const double* b, const i64* ldb, const double* beta, double* c,
-               const i64* ldc);
-
 }  // namespace orv

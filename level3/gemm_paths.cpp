@@ -1,4 +1,4 @@
-// The real matrix product of each code path: its description and its member.
+// The real matrix product of each code path: its description.
 //
 // The wider paths route small shapes to the unpacked kernels by their own
 // limits and run the blocked driver with their own register tiles; the
@@ -6,7 +6,6 @@
 // already makes the most of their registers.
 #include "level3/gemm_blocking.h"
 #include "level3/gemm_path.h"
-#include "level3/gemm_route.h"
 
 namespace orv {
 namespace {
@@ -42,54 +41,5 @@ const GemmPath kGemmPathMc = {"mc", GemmRouting::tiny_only, 0, 0, false, standar
                               &mc::kGemmTile, &mc::kGemmTileAlt, nullptr};
 const GemmPath kGemmPathDef = {"def", GemmRouting::combined, 0, 0, false, combined_block_sizes, choose_def,
                                &def::kGemmTile, &def::kGemmTileAlt, nullptr};
-
-void dgemm_avx512(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k,
-                  const double* alpha, const double* a, const i64* lda, const double* b, const i64* ldb,
-                  const double* beta, double* c, const i64* ldc)
-{
-    routed_dgemm(kGemmPathAvx512, transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
-}
-
-void dgemm_avx512_qix(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k,
-                      const double* alpha, const double* a, const i64* lda, const double* b, const i64* ldb,
-                      const double* beta, double* c, const i64* ldc)
-{
-    routed_dgemm(kGemmPathAvx512Qix, transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
-}
-
-void dgemm_avx2(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k,
-                const double* alpha, const double* a, const i64* lda, const double* b, const i64* ldb,
-                const double* beta, double* c, const i64* ldc)
-{
-    routed_dgemm(kGemmPathAvx2, transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
-}
-
-void dgemm_avx(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k, const double* alpha,
-               const double* a, const i64* lda, const double* b, const i64* ldb, const double* beta, double* c,
-               const i64* ldc)
-{
-    routed_dgemm(kGemmPathAvx, transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
-}
-
-void dgemm_mc3(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k, const double* alpha,
-               const double* a, const i64* lda, const double* b, const i64* ldb, const double* beta, double* c,
-               const i64* ldc)
-{
-    routed_dgemm(kGemmPathMc3, transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
-}
-
-void dgemm_mc(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k, const double* alpha,
-              const double* a, const i64* lda, const double* b, const i64* ldb, const double* beta, double* c,
-              const i64* ldc)
-{
-    routed_dgemm(kGemmPathMc, transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
-}
-
-void dgemm_def(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k, const double* alpha,
-               const double* a, const i64* lda, const double* b, const i64* ldb, const double* beta, double* c,
-               const i64* ldc)
-{
-    routed_dgemm(kGemmPathDef, transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
-}
 
 }  // namespace orv

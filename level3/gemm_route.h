@@ -30,4 +30,15 @@ void routed_dgemm(const GemmPath& path, const char* transa, const char* transb, 
                   const i64* k, const double* alpha, const double* a, const i64* lda, const double* b,
                   const i64* ldb, const double* beta, double* c, const i64* ldc);
 
+// The dgemm member of the build that `Path` describes. The compatible build
+// runs the baseline's member, whose results depend neither on the processor
+// nor on the placement of the arrays.
+template <const GemmPath& Path>
+void dgemm_member(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k,
+                  const double* alpha, const double* a, const i64* lda, const double* b, const i64* ldb,
+                  const double* beta, double* c, const i64* ldc)
+{
+    routed_dgemm(Path, transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
+}
+
 }  // namespace orv

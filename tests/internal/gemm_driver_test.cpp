@@ -378,10 +378,10 @@ TEST(GemmRouting, MembersTakeTheirRoad)
         const GemmPath* path;
         Member member;
     } members[] = {
-        {&orv::kGemmPathAvx512, orv::dgemm_avx512}, {&orv::kGemmPathAvx512Qix, orv::dgemm_avx512_qix},
-        {&orv::kGemmPathAvx2, orv::dgemm_avx2},     {&orv::kGemmPathAvx, orv::dgemm_avx},
-        {&orv::kGemmPathMc3, orv::dgemm_mc3},       {&orv::kGemmPathMc, orv::dgemm_mc},
-        {&orv::kGemmPathDef, orv::dgemm_def},
+        {&orv::kGemmPathAvx512, orv::dgemm_member<orv::kGemmPathAvx512>}, {&orv::kGemmPathAvx512Qix, orv::dgemm_member<orv::kGemmPathAvx512Qix>},
+        {&orv::kGemmPathAvx2, orv::dgemm_member<orv::kGemmPathAvx2>},     {&orv::kGemmPathAvx, orv::dgemm_member<orv::kGemmPathAvx>},
+        {&orv::kGemmPathMc3, orv::dgemm_member<orv::kGemmPathMc3>},       {&orv::kGemmPathMc, orv::dgemm_member<orv::kGemmPathMc>},
+        {&orv::kGemmPathDef, orv::dgemm_member<orv::kGemmPathDef>},
     };
     const struct {
         char ta, tb;
@@ -542,7 +542,7 @@ TEST(GemmDriver, FallsBackWithoutABuffer)
         Product q('N', 'T', 40, 30, 300, 0.5, beta, 99);
         {
             Observe observe(true);
-            orv::dgemm_def(&q.ta, &q.tb, &q.m, &q.n, &q.k, &q.alpha, q.a.data(), &q.lda, q.b.data(), &q.ldb,
+            orv::dgemm_member<orv::kGemmPathDef>(&q.ta, &q.tb, &q.m, &q.n, &q.k, &q.alpha, q.a.data(), &q.lda, q.b.data(), &q.ldb,
                            &q.beta, q.c.data(), &q.ldc);
             EXPECT_EQ(last_road(), GemmEvent::fallback);
         }
