@@ -179,6 +179,48 @@ template <typename T>
     return ::testing::AssertionSuccess();
 }
 
+// Every element of the expectation as beta * C(i, j) + alpha * sum over l <
+// depth of x(i, l) y(l, j), with the sum of the terms' magnitudes beside it.
+// A zero beta does not read C, a zero alpha neither x nor y.
+template <typename T, typename X, typename Y>
+void expect_product(Expectation<T>& e, const Mat<T>& c, T alpha, T beta, int depth, X x, Y y)
+{
+    for (int j = 0; j < e.cols; ++j)
+        for (int i = 0; i < e.rows; ++i) {
+            T v = 0;
+            double mag = 0;
+            if (beta != T(0)) {
+                v = beta * c.at(i, j);
+                mag = abs1(beta) * abs1(c.at(i, j));
+            }
+            if (alpha != T(0)) {
+                T sum = 0;
+                double sum_mag = 0;
+                for (int l = 0; l < depth; ++l) {
+                    const T xv = x(i, l), yv = y(l, j);
+                    sum += xv * yv;
+                    sum_mag += abs1(xv) * abs1(yv);
+                }
+                v += alpha * sum;
+                mag += abs1(alpha) * sum_mag;
+            }
+            e.value[e.index(i, j)] = v;
+            e.mag[e.index(i, j)] = mag;
+        }
+}
+
+// Runs `call`, which reads A and B and updates C, and checks that it wrote
+// neither input and left C as expected.
+template <typename T, typename Call>
+::testing::AssertionResult call_and_match(const Mat<T>& a, const Mat<T>& b, Mat<T>& c, const Expectation<T>& e,
+                                          Call call)
+{
+    const auto a0 = a.buf.snapshot(), b0 = b.buf.snapshot(), c0 = c.buf.snapshot();
+    call();
+    if (!a.buf.equals(a0) || !b.buf.equals(b0)) return ::testing::AssertionFailure() << "an input was written";
+    return matches(c, c0, e);
+}
+
 // Which input gets one NaN in the elements the routine reads.
 enum class Poison { none, a, b };
 
