@@ -10,6 +10,7 @@
 #include "level1/kernels.h"
 #include "../level1/level1_test.h"
 #include "../level1/models.h"
+#include "code_paths.h"
 
 namespace orvtest {
 
@@ -24,23 +25,6 @@ struct PathCase {
 };
 
 inline bool always() { return true; }
-inline bool has_ssse3() { return __builtin_cpu_supports("ssse3"); }
-inline bool has_sse42() { return __builtin_cpu_supports("sse4.2") && __builtin_cpu_supports("popcnt"); }
-inline bool has_avx() { return __builtin_cpu_supports("avx"); }
-inline bool has_avx2()
-{
-    return has_avx() && __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma") &&
-           __builtin_cpu_supports("bmi") && __builtin_cpu_supports("bmi2") && __builtin_cpu_supports("f16c");
-}
-inline bool has_avx512_qix()
-{
-    return has_avx2() && __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512cd");
-}
-inline bool has_avx512()
-{
-    return has_avx512_qix() && __builtin_cpu_supports("avx512dq") && __builtin_cpu_supports("avx512bw") &&
-           __builtin_cpu_supports("avx512vl");
-}
 
 inline std::vector<PathCase> all_paths()
 {
