@@ -4,7 +4,7 @@
 set -e
 packages="cmake ninja-build gcc g++ gfortran libgtest-dev googletest libbenchmark-dev libomp-14-dev
   g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix gfortran-mingw-w64-x86-64-posix
-  binutils-mingw-w64-x86-64 wine wine64 libblas-test libopenblas0-pthread"
+  binutils-mingw-w64-x86-64 wine wine64 libblas-test liblapack-test python3 libopenblas0-pthread"
 missing=""
 for p in $packages; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing="$missing $p"
