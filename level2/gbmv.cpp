@@ -10,9 +10,10 @@ template <typename T>
 void gbmv(const char* trans, const i64* m, const i64* n, const i64* kl, const i64* ku, const T* alpha, const T* a,
           const i64* lda, const T* x, const i64* incx, const T* beta, T* y, const i64* incy)
 {
-    const bool t = option_letter(trans) != 'N';
-    with_conjugation<T>(trans, [&]<bool Conj>() {
-        general_mv<Conj>(t, *m, *n, *kl, *ku, *alpha, BandColumns<const T>{a, *lda, *ku}, x, *incx, *beta, y, *incy);
+    const char t = option_letter(trans);
+    const BandColumns<const T> cols{a, *lda, *ku};
+    with_conjugation<T>(t == 'C', [&]<bool Conj>() {
+        general_mv<Conj>(t != 'N', *m, *n, *kl, *ku, *alpha, cols, x, *incx, *beta, y, *incy);
     });
 }
 

@@ -10,9 +10,10 @@ template <typename T>
 void gemv(const char* trans, const i64* m, const i64* n, const T* alpha, const T* a, const i64* lda, const T* x,
           const i64* incx, const T* beta, T* y, const i64* incy)
 {
-    const bool t = option_letter(trans) != 'N';
-    with_conjugation<T>(trans, [&]<bool Conj>() {
-        general_mv<Conj>(t, *m, *n, *m - 1, *n - 1, *alpha, FullColumns<const T>{a, *lda}, x, *incx, *beta, y, *incy);
+    const char t = option_letter(trans);
+    const FullColumns<const T> cols{a, *lda};
+    with_conjugation<T>(t == 'C', [&]<bool Conj>() {
+        general_mv<Conj>(t != 'N', *m, *n, *m - 1, *n - 1, *alpha, cols, x, *incx, *beta, y, *incy);
     });
 }
 

@@ -53,10 +53,7 @@ template <typename T, typename Columns>
 void triangular_sv(Triangle tri, i64 n, i64 k, Columns a, T* x, i64 incx)
 {
     if (n <= 0) return;
-    if constexpr (is_complex<T>) {
-        if (tri.conj) return triangular_sv_in_place<true>(tri, n, k, a, x, incx);
-    }
-    triangular_sv_in_place<false>(tri, n, k, a, x, incx);
+    with_conjugation<T>(tri.conj, [&]<bool Conj>() { triangular_sv_in_place<Conj>(tri, n, k, a, x, incx); });
 }
 
 }  // namespace orv::l2

@@ -110,7 +110,8 @@ void trsm_options(const char* side, const char* uplo, const char* transa, const 
                   const T* a, i64 lda, T* b, i64 ldb)
 {
     const TriangleShape s = triangle_shape(side, uplo, transa, diag);
-    with_conjugation<T>(transa, [&]<bool Conj>() { trsm<T, Conj>(s, m, n, alpha, a, lda, b, ldb); });
+    with_conjugation<T>(option_letter(transa) == 'C',
+                        [&]<bool Conj>() { trsm<T, Conj>(s, m, n, alpha, a, lda, b, ldb); });
 }
 
 }  // namespace

@@ -62,14 +62,14 @@ constexpr T conj_if(T a)
     else return a;
 }
 
-// Runs body.operator()<Conj>() with Conj set when `trans` asks for the
-// conjugate transpose of complex data; for real data 'C' is a plain
-// transpose, and no conjugating instance is made.
+// Runs body.operator()<Conj>() with Conj set when the caller asks to
+// conjugate complex data (a conjugate transpose); real data have nothing to
+// conjugate, so 'C' is a plain transpose and no conjugating instance is made.
 template <typename T, typename Body>
-void with_conjugation(const char* trans, const Body& body)
+void with_conjugation(bool conjugate, const Body& body)
 {
     if constexpr (is_complex<T>) {
-        if (option_letter(trans) == 'C') return body.template operator()<true>();
+        if (conjugate) return body.template operator()<true>();
     }
     body.template operator()<false>();
 }

@@ -638,6 +638,12 @@ constexpr float kParamFull[5] = {-1.0f, 0.5f, -0.25f, 0.75f, 1.5f};
 constexpr float kParamOffDiagonal[5] = {0.0f, kNaN, -0.25f, 0.75f, kNaN};
 constexpr float kParamDiagonal[5] = {1.0f, 0.5f, kNaN, kNaN, 1.5f};
 constexpr float kParamIdentity[5] = {-2.0f, kNaN, kNaN, kNaN, kNaN};
+template <const float* Param>
+cd rotm(const i64* n, float* x, const i64* incx, float* y, const i64* incy)
+{
+    srotm(n, x, incx, y, incy, Param);
+    return 0.0;
+}
 
 template <typename T>
 std::vector<Level1Row<T>> level1_rows()
@@ -722,30 +728,13 @@ std::vector<Level1Row<T>> level1_rows()
                         [](V& x, V& y, i64) { return cd(kSb) + dot(x, y, false); }});
         rows.push_back({"dsdot", [](auto n, auto x, auto ix, auto y, auto iy) { return cd(dsdot(n, x, ix, y, iy)); },
                         [](V& x, V& y, i64) { return dot(x, y, false); }});
-        rows.push_back({"srotm full",
-                        [](auto n, auto x, auto ix, auto y, auto iy) {
-                            srotm(n, x, ix, y, iy, kParamFull);
-                            return cd();
-                        },
+        rows.push_back({"srotm full", rotm<kParamFull>,
                         [](V& x, V& y, i64) { return rotate(x, y, 0.5, 0.75, -0.25, 1.5); }});
-        rows.push_back({"srotm off-diagonal",
-                        [](auto n, auto x, auto ix, auto y, auto iy) {
-                            srotm(n, x, ix, y, iy, kParamOffDiagonal);
-                            return cd();
-                        },
+        rows.push_back({"srotm off-diagonal", rotm<kParamOffDiagonal>,
                         [](V& x, V& y, i64) { return rotate(x, y, 1.0, 0.75, -0.25, 1.0); }});
-        rows.push_back({"srotm diagonal",
-                        [](auto n, auto x, auto ix, auto y, auto iy) {
-                            srotm(n, x, ix, y, iy, kParamDiagonal);
-                            return cd();
-                        },
+        rows.push_back({"srotm diagonal", rotm<kParamDiagonal>,
                         [](V& x, V& y, i64) { return rotate(x, y, 0.5, 1.0, -1.0, 1.5); }});
-        rows.push_back({"srotm identity",
-                        [](auto n, auto x, auto ix, auto y, auto iy) {
-                            srotm(n, x, ix, y, iy, kParamIdentity);
-                            return cd();
-                        },
-                        [](V&, V&, i64) { return cd(); }});
+        rows.push_back({"srotm identity", rotm<kParamIdentity>, [](V&, V&, i64) { return cd(); }});
     }
     return rows;
 }
