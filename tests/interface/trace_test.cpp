@@ -102,9 +102,16 @@ const std::vector<FormatRow>& format_rows()
           ROUTINE("DSWAP", dswap_, &w.n, w.x, &w.incx, w.y, &w.incy),
           ROUTINE("ZCOPY", zcopy_, &w.n, w.zx, &w.incx, w.zy, &w.incy),
           ROUTINE("ZSWAP", zswap_, &w.n, w.zx, &w.incx, w.zy, &w.incy)}},
+#if defined(_WIN32)
         {"ZDOTC(%p,%d,%p,%d,%p,%d)",
          {ROUTINE("ZDOTC", zdotc_, &w.zresult, &w.n, w.zx, &w.incx, w.zy, &w.incy),
           ROUTINE("ZDOTU", zdotu_, &w.zresult, &w.n, w.zx, &w.incx, w.zy, &w.incy)}},
+#else
+        // The result comes back in registers: there is no result address.
+        {"ZDOTC(%d,%p,%d,%p,%d)",
+         {ROUTINE("ZDOTC", zdotc_, &w.n, w.zx, &w.incx, w.zy, &w.incy),
+          ROUTINE("ZDOTU", zdotu_, &w.n, w.zx, &w.incx, w.zy, &w.incy)}},
+#endif
         {"DSCAL(%d,%p,%p,%d)",
          {ROUTINE("DSCAL", dscal_, &w.n, &w.alpha, w.x, &w.incx),
           ROUTINE("ZSCAL", zscal_, &w.n, &w.zalpha, w.zx, &w.incx),
