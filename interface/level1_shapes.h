@@ -129,6 +129,13 @@ inline __complex__ double c_complex(dcomplex value)
     __imag__ c = value.im;
     return c;
 }
+inline __complex__ float c_complex(fcomplex value)
+{
+    __complex__ float c;
+    __real__ c = value.re;
+    __imag__ c = value.im;
+    return c;
+}
 
 template <auto Inner>
 [[gnu::always_inline]] inline auto complex_dot_shape(const char* name, const int* n, const void* x, const int* incx,
