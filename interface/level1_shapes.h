@@ -98,13 +98,6 @@ template <auto Inner>
 // The complex dot products: the inner layer writes the result to the address
 // it gets first; the export hands it back as the platform's Fortran
 // compilers expect a complex function value.
-template <typename F>
-struct FirstParameter;
-template <typename R, typename First, typename... Rest>
-struct FirstParameter<R (*)(First, Rest...)> {
-    using type = First;
-};
-
 #if defined(_WIN32)
 // Through a hidden first argument, the address that receives the value; the
 // call text shows it first.
@@ -122,6 +115,13 @@ template <auto Inner>
 #else
 // In registers, as gfortran returns a COMPLEX function result: a C complex
 // value of the element's precision.
+template <typename F>
+struct FirstParameter;
+template <typename R, typename First, typename... Rest>
+struct FirstParameter<R (*)(First, Rest...)> {
+    using type = First;
+};
+
 inline __complex__ double c_complex(dcomplex value)
 {
     __complex__ double c;
