@@ -34,14 +34,6 @@ void trace_print(int iface, const char* call_text, double seconds);
 // registration wins.
 void register_default_error_handler();
 
-inline constexpr int kCallTextSize = 200;
-// Forms a call text of at most kCallTextSize - 1 characters into `buf`: the
-// routine `name` without the blanks that pad a report name, then `fmt`.
-void format_call_text(char* buf, const char* name, const char* fmt, ...) __attribute__((format(printf, 3, 4)));
-
-// An argument as a %p conversion prints it.
-inline const void* ptr(const void* address) { return address; }
-
 // The address of caller data, handed to the inner layer as the pointer type
 // its parameter declares. Complex data arrives untyped and takes the inner
 // layer's element type; a typed address converts only to its own type.

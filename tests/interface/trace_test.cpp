@@ -62,7 +62,10 @@ struct Work {
     double a[64], b[64], c[64], x[16], y[16];
     zcomplex za[64], zb[64], zc[64], zx[16], zy[16];
     double alpha = 0.5, beta = 0.25, cs = 0.6, sn = 0.8;
-    zcomplex zalpha{0.5, -0.25}, zbeta{0.25, 0.125}, zresult, zs;
+    zcomplex zalpha{0.5, -0.25}, zbeta{0.25, 0.125}, zs;
+#if defined(_WIN32)
+    zcomplex zresult;  // the complex dot products' hidden result argument
+#endif
     double ra = 3.0, rb = 4.0, d1 = 1.0, d2 = 2.0, x1 = 1.0, y1 = 0.5;
     double param[5] = {-1.0, 1.0, 0.5, -0.5, 1.0};
 #if defined(ORV_TEST_DROPIN)
