@@ -101,8 +101,7 @@ std::vector<Routine> make_routines(const RefBlas& ref)
                  [&ref](int n, double* x, double*, long) { benchmark::DoNotOptimize(ref.dnrm2(&n, x, &kOne)); }});
     r.push_back({"zdotc", 2, 2, Stream::read2, true,
                  [](int n, double* x, double* y, long) {
-                     double result[2];
-                     zdotc_(result, &n, x, &kOne, y, &kOne);
+                     orv_complex_double result = zdotc_(&n, x, &kOne, y, &kOne);
                      benchmark::DoNotOptimize(result);
                  },
                  [&ref](int n, double* x, double* y, long) {
@@ -213,10 +212,9 @@ void check_agreement(const std::vector<Routine>& routines, const RefBlas& ref)
             a = idamax_(&n, x1.get(), &kOne);
             b = ref.idamax(&n, x2.get(), &kOne);
         } else if (name == "zdotc") {
-            double v[2];
-            zdotc_(v, &n, x1.get(), &kOne, y1.get(), &kOne);
+            const orv_complex_double v = zdotc_(&n, x1.get(), &kOne, y1.get(), &kOne);
             const bench::ComplexValue w = ref.zdotc(&n, x2.get(), &kOne, y2.get(), &kOne);
-            a = v[0] + 3.0 * v[1];
+            a = __real__ v + 3.0 * __imag__ v;
             b = w.re + 3.0 * w.im;
         } else {
             r.orv(n, x1.get(), y1.get(), 0);

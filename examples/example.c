@@ -2,8 +2,9 @@
  * every intermediate result:
  *   C = A * B                     (dgemm_)
  *   x = L^{-1} b                  (dtrsv_)   and its residual |L x - b|
- *   w = conj(u) . v               (zdotc_, result through the first argument)
+ *   w = conj(u) . v               (zdotc_)
  */
+#include <complex.h>
 #include <stdio.h>
 #include <string.h>
 
@@ -39,12 +40,20 @@ int main(void)
     daxpy_(&three, &minus_one, rhs, &inc, r, &inc);
     printf("dtrsv: x = (%g, %g, %g), residual norm %g\n", x[0], x[1], x[2], dnrm2_(&three, r, &inc));
 
-    /* Complex dot product with conjugation: (1+2i)^* (3+4i) = 11 - 2i. */
+    /* Complex dot product with conjugation: (1+2i)^* (3+4i) = 11 - 2i. The
+     * value comes back as the platform's Fortran compilers return a complex
+     * function result: in registers on Linux, through a first argument that
+     * addresses it on Windows. */
     const double u[2] = {1, 2}, v[2] = {3, 4};
-    double w[2];
     const int one_elem = 1;
+#if defined(_WIN32)
+    double w[2];
     zdotc_(w, &one_elem, u, &inc, v, &inc);
     printf("zdotc: %g %+gi\n", w[0], w[1]);
+#else
+    const double complex w = zdotc_(&one_elem, u, &inc, v, &inc);
+    printf("zdotc: %g %+gi\n", creal(w), cimag(w));
+#endif
     printf("idamax of x: %d\n", idamax_(&three, x, &inc));
     return 0;
 }

@@ -1,11 +1,13 @@
 ! Calls the library from Fortran exactly as a program written for the
-! reference BLAS would: matrix-vector product, dot product, norm, and a
-! symmetric rank-2k update, printing what they computed.
+! reference BLAS would: matrix-vector product, dot products (real and
+! complex), norm, and a symmetric rank-2k update, printing what they computed.
 program example
   implicit none
   integer, parameter :: n = 4
   double precision :: a(n, n), x(n), y(n), c(n, n)
+  complex(kind=8) :: u(2), v(2)
   double precision, external :: ddot, dnrm2
+  complex(kind=8), external :: zdotc
   integer, external :: idamax
   integer :: i, j
 
@@ -22,6 +24,10 @@ program example
   print '(a, f12.1)', ' ddot: x . y =', ddot(n, x, 1, y, 1)
   print '(a, f12.6)', ' dnrm2: |x| =', dnrm2(n, x, 1)
   print '(a, i3)', ' idamax: index of largest |y| =', idamax(n, y, 1)
+
+  u = [(1.0d0, 2.0d0), (0.0d0, -1.0d0)]
+  v = [(3.0d0, 4.0d0), (2.0d0, 5.0d0)]
+  print '(a, 2f8.1)', ' zdotc: conj(u) . v =', zdotc(2, u, 1, v, 1)
 
   c = 0.0d0
   call dsyr2k('U', 'N', n, 1, 1.0d0, x, n, y, n, 0.0d0, c, n)

@@ -6,7 +6,11 @@
  * real part first; they are passed as void pointers so that C99 complex
  * arrays, C++ std::complex arrays and plain double pairs all fit.
  *
- * zdotc_ and zdotu_ return their result through the first argument.
+ * zdotc_ and zdotu_ return their result the way the platform's Fortran
+ * compilers return a COMPLEX*16 function value: on Linux in registers, as a
+ * C double _Complex (in C++ the __complex__ double that g++ and clang++
+ * accept); on Windows through a hidden first argument that addresses the
+ * result.
  */
 #ifndef ORV_H
 #define ORV_H
@@ -25,6 +29,14 @@
 
 #ifdef __cplusplus
 extern "C" {
+#endif
+
+#if !defined(_WIN32)
+#  ifdef __cplusplus
+typedef __complex__ double orv_complex_double;
+#  else
+typedef double _Complex orv_complex_double;
+#  endif
 #endif
 
 /* Level 1 */
@@ -46,8 +58,13 @@ ORV_API int idamax_(const int* n, const double* x, const int* incx);
 ORV_API int izamax_(const int* n, const void* x, const int* incx);
 ORV_API void zaxpy_(const int* n, const void* alpha, const void* x, const int* incx, void* y, const int* incy);
 ORV_API void zcopy_(const int* n, const void* x, const int* incx, void* y, const int* incy);
+#if defined(_WIN32)
 ORV_API void zdotc_(void* result, const int* n, const void* x, const int* incx, const void* y, const int* incy);
 ORV_API void zdotu_(void* result, const int* n, const void* x, const int* incx, const void* y, const int* incy);
+#else
+ORV_API orv_complex_double zdotc_(const int* n, const void* x, const int* incx, const void* y, const int* incy);
+ORV_API orv_complex_double zdotu_(const int* n, const void* x, const int* incx, const void* y, const int* incy);
+#endif
 ORV_API void zdrot_(const int* n, void* x, const int* incx, void* y, const int* incy, const double* c, const double* s);
 ORV_API void zdscal_(const int* n, const double* alpha, void* x, const int* incx);
 ORV_API void zrotg_(void* ca, const void* cb, double* c, void* s);

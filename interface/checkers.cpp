@@ -28,7 +28,7 @@ public:
     int finish(const char* name)
     {
         if (info_ == 0) return 0;
-        xerbla(name, &info_, 6);
+        report_error(name, &info_, 6);
         return 1;
     }
 

@@ -1,11 +1,11 @@
 // Argument checkers of the level-2 and level-3 exports.
 //
-// One checker per argument-list shape; the d- and z-routines of a shape share
-// it because their parameter positions are the same. Each takes the 6-character
+// One checker per argument-list shape; the routines of a shape (s, d, c and z)
+// share it because their parameter positions are the same. Each takes the 6-character
 // blank-padded routine name for the report and the caller's own (32-bit)
 // arguments, tests option letters first and then the integers, each in
-// argument order, reports the first failure through xerbla and returns 1;
-// it returns 0 when everything is valid.
+// argument order, reports the first failure through the error-hook slot and
+// returns 1; it returns 0 when everything is valid.
 #pragma once
 
 namespace orv {

@@ -90,12 +90,45 @@ const int* verbose_mode_cell()
     return &g_verbose_mode;
 }
 
-void format_call_text(char* buf, const char* fmt, ...)
+namespace {
+
+void vformat_call_text(char* buf, const char* name, const char* fmt, std::va_list args)
+{
+    BoundedText text(buf, kCallTextSize);
+    int length = 0;
+    while (name[length] != '\0' && name[length] != ' ') ++length;
+    text.append("%.*s", length, name);
+    text.vappend(fmt, args);
+}
+
+}  // namespace
+
+void format_call_text(char* buf, const char* name, const char* fmt, ...)
 {
     std::va_list args;
     va_start(args, fmt);
-    std::vsnprintf(buf, kCallTextSize, fmt, args);
+    vformat_call_text(buf, name, fmt, args);
     va_end(args);
+}
+
+TraceStart start_trace(const int*& cache, int mode_at_entry)
+{
+    if (mode_at_entry == -1) __atomic_store_n(&cache, verbose_mode_cell(), __ATOMIC_RELAXED);
+    const int mode = entry_mode(cache);
+    return {mode, mode == 1 ? -seconds_clock() : 0.0};
+}
+
+void finish_trace(const TraceStart& trace, const char* name, const char* fmt, ...)
+{
+    if (trace.mode == 0) return;
+    double elapsed = trace.start;
+    if (elapsed != 0.0) elapsed += seconds_clock();
+    char buf[kCallTextSize];
+    std::va_list args;
+    va_start(args, fmt);
+    vformat_call_text(buf, name, fmt, args);
+    va_end(args);
+    trace_print(-1, buf, elapsed);
 }
 
 void append_elapsed(BoundedText& text, double t)

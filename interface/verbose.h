@@ -21,4 +21,9 @@ void format_trace_banner(BoundedText& text, int iface);
 // Size of the timing-and-configuration buffer and of the banner buffer.
 inline constexpr int kTraceTextSize = 400;
 
+inline constexpr int kCallTextSize = 200;
+// Forms a call text of at most kCallTextSize - 1 characters into `buf`: the
+// routine `name` without the blanks that pad a report name, then `fmt`.
+void format_call_text(char* buf, const char* name, const char* fmt, ...) __attribute__((format(printf, 3, 4)));
+
 }  // namespace orv

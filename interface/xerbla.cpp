@@ -6,13 +6,14 @@
 
 #include "interface/entry.h"
 #include "interface/messages.h"
+#include "service/platform.h"
 
 namespace orv {
 namespace {
 
 ErrorHook g_error_hook = nullptr;
 
-constexpr int kShownNameLength = 20;
+constexpr std::size_t kShownNameLength = 20;
 constexpr int kInfoNoWorkspace = 1000;
 constexpr int kInfoIncompatibleOptions = 1001;
 constexpr int kInfoNoWorkMemory = 1089;
@@ -20,13 +21,12 @@ constexpr int kInfoCoprocessor = 1212;
 
 }  // namespace
 
-void xerbla(const char* name, const int* info, int len)
+void xerbla(const char* name, const int* info, std::size_t len)
 {
     if (name == nullptr || info == nullptr) return;
     if (len > kShownNameLength) len = kShownNameLength;
-    if (len < 0) len = 0;
     char shown[kShownNameLength + 2];
-    std::memcpy(shown, name, static_cast<std::size_t>(len));
+    std::memcpy(shown, name, len);
     shown[len] = '\0';
 
     print_message(0, kMsgLineEnd, 0);
@@ -53,23 +53,37 @@ bool offer_error_hook(ErrorHook hook)
 
 ErrorHook error_hook() { return __atomic_load_n(&g_error_hook, __ATOMIC_ACQUIRE); }
 
+namespace {
+
+// The host program's own handler, when the process has one, receives the
+// reports (its test programs check them, its users see its messages);
+// otherwise xerbla prints them.
+[[gnu::noinline, gnu::cold]] void install_error_handler()
+{
+    const ErrorHook host = platform::host_error_handler();
+    offer_error_hook(host != nullptr ? host : xerbla);
+}
+
+}  // namespace
+
 void register_default_error_handler()
 {
     // Plain load first: after the first call the slot is full and a checked
-    // export pays no atomic read-modify-write.
-    if (error_hook() == nullptr) offer_error_hook(xerbla);
+    // export pays no lookup and no atomic read-modify-write.
+    if (error_hook() == nullptr) install_error_handler();
+}
+
+void report_error(const char* name, const int* info, std::size_t len)
+{
+    const ErrorHook hook = error_hook();
+    (hook != nullptr ? hook : xerbla)(name, info, len);
 }
 
 int report_workspace_failure(int status, const char* name)
 {
     if (status != 0) return 0;
     const int info = kInfoNoWorkMemory;
-    const int length = static_cast<int>(strnlen(name, 4096));
-    if (const ErrorHook hook = error_hook()) {
-        hook(name, &info, length);
-        return 1;
-    }
-    xerbla(name, &info, length);
+    report_error(name, &info, strnlen(name, 4096));
     return 1;
 }
 

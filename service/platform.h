@@ -5,6 +5,7 @@
 // definitions live in platform_posix.cpp and platform_windows.cpp.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 namespace orv::platform {
@@ -42,6 +43,12 @@ std::int64_t reference_ticks_per_second();
 // calibration busy-waits on it.
 long coarse_ticks();
 long coarse_ticks_per_second();
+
+// The host program's own error handler: a function "xerbla_" with the
+// Fortran argument list (routine name, address of the code, hidden length of
+// the name), when the process defines one outside this library; else null.
+using HostErrorHandler = void (*)(const char* name, const int* info, std::size_t name_length);
+HostErrorHandler host_error_handler();
 
 // Thread-local words: a key names one, whose value is 0 in every thread until
 // that thread writes its own. Creation returns false when the system has no

@@ -1,8 +1,9 @@
 // POSIX platform services: plain stdio, _exit, sched_yield, CLOCK_MONOTONIC,
-// pthread keys.
+// pthread keys, the dynamic linker's symbol lookup.
 
 #include "service/platform.h"
 
+#include <dlfcn.h>
 #include <pthread.h>
 #include <sched.h>
 #include <unistd.h>
@@ -53,6 +54,19 @@ std::int64_t reference_ticks_per_second() { return 1000000000; }
 long coarse_ticks() { return static_cast<long>(std::clock()); }
 
 long coarse_ticks_per_second() { return static_cast<long>(CLOCKS_PER_SEC); }
+
+HostErrorHandler host_error_handler()
+{
+    void* found = dlsym(RTLD_DEFAULT, "xerbla_");
+    if (found == nullptr) return nullptr;
+    // The drop-in library exports a xerbla_ of its own, which the lookup
+    // finds when nothing before it in the search order defines one.
+    Dl_info ours{}, theirs{};
+    if (dladdr(reinterpret_cast<void*>(&host_error_handler), &ours) != 0 && dladdr(found, &theirs) != 0 &&
+        ours.dli_fbase == theirs.dli_fbase)
+        return nullptr;
+    return reinterpret_cast<HostErrorHandler>(found);
+}
 
 bool create_thread_key(ThreadKey* key)
 {

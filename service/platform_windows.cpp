@@ -240,6 +240,13 @@ long coarse_ticks() { return static_cast<long>(std::clock()); }
 
 long coarse_ticks_per_second() { return static_cast<long>(CLOCKS_PER_SEC); }
 
+HostErrorHandler host_error_handler()
+{
+    // A program exports its handler from its own module; the DLL has none.
+    const FARPROC found = GetProcAddress(GetModuleHandleA(nullptr), "xerbla_");
+    return reinterpret_cast<HostErrorHandler>(reinterpret_cast<void*>(found));
+}
+
 bool create_thread_key(ThreadKey* key)
 {
     const DWORD index = TlsAlloc();

@@ -1,14 +1,23 @@
 // The Fortran-convention routines that the drop-in library adds to the 77 of
 // orv.h: single precision and single complex, the mixed-precision dot
 // products and the complex single dot products, whose result comes back in
-// registers as gfortran returns a COMPLEX function result. Complex arguments
-// are addresses of two adjacent floats, real part first. Linux only.
+// registers as gfortran returns a COMPLEX function result; the subroutine
+// forms of the functions; the error handlers. Complex arguments of the s and c
+// routines are addresses of two adjacent floats, real part first. Linux only.
 #pragma once
+
+#include <stddef.h>
 
 #include "orv.h"
 
 #ifdef __cplusplus
 extern "C" {
+#endif
+
+#ifdef __cplusplus
+typedef __complex__ float orv_complex_float;
+#else
+typedef float _Complex orv_complex_float;
 #endif
 
 /* Level 1 */
@@ -39,8 +48,8 @@ ORV_API void cswap_(const int* n, void* x, const int* incx, void* y, const int* 
 ORV_API float sdsdot_(const int* n, const float* sb, const float* x, const int* incx, const float* y,
                       const int* incy);
 ORV_API double dsdot_(const int* n, const float* x, const int* incx, const float* y, const int* incy);
-ORV_API __complex__ float cdotc_(const int* n, const void* x, const int* incx, const void* y, const int* incy);
-ORV_API __complex__ float cdotu_(const int* n, const void* x, const int* incx, const void* y, const int* incy);
+ORV_API orv_complex_float cdotc_(const int* n, const void* x, const int* incx, const void* y, const int* incy);
+ORV_API orv_complex_float cdotu_(const int* n, const void* x, const int* incx, const void* y, const int* incy);
 
 /* Level 2 */
 ORV_API void sgemv_(const char* trans, const int* m, const int* n, const float* alpha, const float* a, const int* lda,
@@ -147,6 +156,42 @@ ORV_API void strsm_(const char* side, const char* uplo, const char* transa, cons
                     const int* n, const float* alpha, const float* a, const int* lda, float* b, const int* ldb);
 ORV_API void ctrsm_(const char* side, const char* uplo, const char* transa, const char* diag, const int* m,
                     const int* n, const void* alpha, const void* a, const int* lda, void* b, const int* ldb);
+
+/* The functions as subroutines: their arguments, then the address that
+ * receives the result. */
+ORV_API void sasumsub_(const int* n, const float* x, const int* incx, float* result);
+ORV_API void dasumsub_(const int* n, const double* x, const int* incx, double* result);
+ORV_API void scasumsub_(const int* n, const void* x, const int* incx, float* result);
+ORV_API void dzasumsub_(const int* n, const void* x, const int* incx, double* result);
+ORV_API void snrm2sub_(const int* n, const float* x, const int* incx, float* result);
+ORV_API void dnrm2sub_(const int* n, const double* x, const int* incx, double* result);
+ORV_API void scnrm2sub_(const int* n, const void* x, const int* incx, float* result);
+ORV_API void dznrm2sub_(const int* n, const void* x, const int* incx, double* result);
+ORV_API void isamaxsub_(const int* n, const float* x, const int* incx, int* result);
+ORV_API void idamaxsub_(const int* n, const double* x, const int* incx, int* result);
+ORV_API void icamaxsub_(const int* n, const void* x, const int* incx, int* result);
+ORV_API void izamaxsub_(const int* n, const void* x, const int* incx, int* result);
+ORV_API void scabs1sub_(const void* z, float* result);
+ORV_API void dcabs1sub_(const void* z, double* result);
+ORV_API void sdotsub_(const int* n, const float* x, const int* incx, const float* y, const int* incy, float* result);
+ORV_API void ddotsub_(const int* n, const double* x, const int* incx, const double* y, const int* incy,
+                      double* result);
+ORV_API void sdsdotsub_(const int* n, const float* sb, const float* x, const int* incx, const float* y,
+                        const int* incy, float* result);
+ORV_API void dsdotsub_(const int* n, const float* x, const int* incx, const float* y, const int* incy,
+                       double* result);
+ORV_API void cdotcsub_(const int* n, const void* x, const int* incx, const void* y, const int* incy, void* result);
+ORV_API void cdotusub_(const int* n, const void* x, const int* incx, const void* y, const int* incy, void* result);
+ORV_API void zdotcsub_(const int* n, const void* x, const int* incx, const void* y, const int* incy, void* result);
+ORV_API void zdotusub_(const int* n, const void* x, const int* incx, const void* y, const int* incy, void* result);
+
+/* Error handlers. xerbla_ is called as Fortran calls it: the routine name,
+ * the address of the code, then the hidden length of the name; it prints the
+ * report. xerbla_array_ takes the name as an array of characters and its
+ * length, and hands the report to the host program's xerbla_ when there is
+ * one. */
+ORV_API void xerbla_(const char* name, const int* info, size_t name_length);
+ORV_API void xerbla_array_(const char* name, const int* name_length, const int* info);
 
 #ifdef __cplusplus
 }

@@ -2,6 +2,7 @@
 # the DLL, imports nothing but system DLLs.
 #   LIBRARY  the library file     EXPECTED  file with one expected name a line
 #   TOOL     nm (ELF) or objdump (PE)
+#   ADD      names counted as exported besides the library's own (optional)
 file(STRINGS ${EXPECTED} expected)
 list(SORT expected)
 
@@ -39,6 +40,7 @@ else()
   endforeach()
 endif()
 
+list(APPEND exported ${ADD})
 list(SORT exported)
 if(NOT exported STREQUAL expected)
   set(extra ${exported})

@@ -19,7 +19,7 @@ using orvtest::run_child;
 const std::string kLongName(600, 'x');
 const std::string kVeryLongName(5000, 'Q');
 
-void report(const char* name, int info, int len) { orv::xerbla(name, &info, len); }
+void report(const char* name, int info, std::size_t len) { orv::xerbla(name, &info, len); }
 
 struct PrintCase {
     const char* label;
@@ -93,10 +93,10 @@ struct Recorded {
     int calls = 0;
     const char* name = nullptr;
     int info = 0;
-    int len = 0;
+    std::size_t len = 0;
 } g_recorded;
 
-void recording_hook(const char* name, const int* info, int len)
+void recording_hook(const char* name, const int* info, std::size_t len)
 {
     ++g_recorded.calls;
     g_recorded.name = name;
@@ -118,9 +118,9 @@ TEST(ErrorHook, DISABLED_ChildFirstRegistrationWins)
     EXPECT_EQ(g_recorded.calls, 1);
     EXPECT_EQ(g_recorded.name, kVeryLongName.c_str());
     EXPECT_EQ(g_recorded.info, 1089);
-    EXPECT_EQ(g_recorded.len, 4096);
+    EXPECT_EQ(g_recorded.len, 4096u);
     EXPECT_EQ(orv::report_workspace_failure(0, "DTRSM"), 1);
-    EXPECT_EQ(g_recorded.len, 5);
+    EXPECT_EQ(g_recorded.len, 5u);
 }
 
 TEST(ErrorHook, FirstRegistrationWins)

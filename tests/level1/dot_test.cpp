@@ -65,9 +65,8 @@ TEST_P(DotIncrements, ZdotFollowsItsAccumulationOrder)
         for (int ox : placements(inc))
             for (int oy : placements(inc)) {
                 Vec<zcomplex> x(n, inc.x, xv, ox), y(n, inc.y, yv, oy);
-                zcomplex c, u;
-                zdotc_(&c, &n, x.data(), &inc.x, y.data(), &inc.y);
-                zdotu_(&u, &n, x.data(), &inc.x, y.data(), &inc.y);
+                const zcomplex c = orvtest::complex_dot(zdotc_, &n, x.data(), &inc.x, y.data(), &inc.y);
+                const zcomplex u = orvtest::complex_dot(zdotu_, &n, x.data(), &inc.x, y.data(), &inc.y);
                 const zcomplex wc = model::zdot(n, x.data(), inc.x, y.data(), inc.y, true, order);
                 const zcomplex wu = model::zdot(n, x.data(), inc.x, y.data(), inc.y, false, order);
                 ASSERT_TRUE(same_bits(c, wc)) << "zdotc n=" << n << " at +" << ox << ",+" << oy << ": " << c;
@@ -98,9 +97,8 @@ TEST_P(DotIncrements, ZdotOfCoarseValuesIsExact)
             ui += a * d + b * c;
         }
         Vec<zcomplex> x(n, inc.x, xv), y(n, inc.y, yv);
-        zcomplex c, u;
-        zdotc_(&c, &n, x.data(), &inc.x, y.data(), &inc.y);
-        zdotu_(&u, &n, x.data(), &inc.x, y.data(), &inc.y);
+        const zcomplex c = orvtest::complex_dot(zdotc_, &n, x.data(), &inc.x, y.data(), &inc.y);
+        const zcomplex u = orvtest::complex_dot(zdotu_, &n, x.data(), &inc.x, y.data(), &inc.y);
         ASSERT_EQ(c, zcomplex(cr, ci)) << "n=" << n;
         ASSERT_EQ(u, zcomplex(ur, ui)) << "n=" << n;
     }
@@ -116,9 +114,8 @@ TEST(Dot, EmptyVectorsGiveExactZero)
     const int one = 1;
     for (int n : {0, -1, -3}) {
         EXPECT_TRUE(same_bits(ddot_(&n, x.data(), &one, y.data(), &one), 0.0)) << n;
-        zcomplex c{guard_value(), guard_value()}, u = c;
-        zdotc_(&c, &n, zx.data(), &one, zy.data(), &one);
-        zdotu_(&u, &n, zx.data(), &one, zy.data(), &one);
+        const zcomplex c = orvtest::complex_dot(zdotc_, &n, zx.data(), &one, zy.data(), &one);
+        const zcomplex u = orvtest::complex_dot(zdotu_, &n, zx.data(), &one, zy.data(), &one);
         EXPECT_TRUE(same_bits(c, zcomplex(0.0, 0.0))) << n;
         EXPECT_TRUE(same_bits(u, zcomplex(0.0, 0.0))) << n;
     }
@@ -142,9 +139,8 @@ TEST(Dot, ComplexExample)
 {
     const zcomplex x(1, 2), y(3, 4);
     const int n = 1, one = 1;
-    zcomplex c, u;
-    zdotc_(&c, &n, &x, &one, &y, &one);
-    zdotu_(&u, &n, &x, &one, &y, &one);
+    const zcomplex c = orvtest::complex_dot(zdotc_, &n, &x, &one, &y, &one);
+    const zcomplex u = orvtest::complex_dot(zdotu_, &n, &x, &one, &y, &one);
     EXPECT_EQ(c, zcomplex(11, -2));
     EXPECT_EQ(u, zcomplex(-5, 10));
 }

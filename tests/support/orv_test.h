@@ -112,6 +112,22 @@ inline double Guarded<double>::guard() { return guard_value(); }
 template <>
 inline zcomplex Guarded<zcomplex>::guard() { return {guard_value(), guard_value()}; }
 
+// A complex dot product (zdotc_ or zdotu_) called the way this platform has
+// it return its value: in registers on Linux, through a hidden first
+// argument on Windows.
+template <typename Dot>
+zcomplex complex_dot(Dot dot, const int* n, const void* x, const int* incx, const void* y, const int* incy)
+{
+#if defined(_WIN32)
+    zcomplex result;
+    dot(&result, n, x, incx, y, incy);
+    return result;
+#else
+    const orv_complex_double result = dot(n, x, incx, y, incy);
+    return {__real__ result, __imag__ result};
+#endif
+}
+
 // True when the library runs its reproducible builds in this process: the two
 // oldest code paths do under any reproducibility mode. The test runs force the
 // path with ORV_DEBUG_CPU_TYPE and the mode with ORV_CBWR; a mode that names
