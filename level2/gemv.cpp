@@ -3,25 +3,46 @@
 #include "level2/general_mv.h"
 #include "level2/level2.h"
 
+namespace orv::l2 {
+namespace {
+
+template <typename T>
+void gemv(const char* trans, const i64* m, const i64* n, const T* alpha, const T* a, const i64* lda, const T* x,
+          const i64* incx, const T* beta, T* y, const i64* incy)
+{
+    const bool t = option_letter(trans) != 'N';
+    with_conjugation<T>(trans, [&]<bool Conj>() {
+        general_mv<Conj>(t, *m, *n, *m - 1, *n - 1, *alpha, FullColumns<const T>{a, *lda}, x, *incx, *beta, y, *incy);
+    });
+}
+
+}  // namespace
+}  // namespace orv::l2
+
 namespace orv::cnr {
+
+void sgemv(const char* trans, const i64* m, const i64* n, const float* alpha, const float* a, const i64* lda,
+           const float* x, const i64* incx, const float* beta, float* y, const i64* incy)
+{
+    l2::gemv(trans, m, n, alpha, a, lda, x, incx, beta, y, incy);
+}
 
 void dgemv(const char* trans, const i64* m, const i64* n, const double* alpha, const double* a, const i64* lda,
            const double* x, const i64* incx, const double* beta, double* y, const i64* incy)
 {
-    const bool t = l2::option(trans) != 'N';
-    l2::general_mv<false>(t, *m, *n, *m - 1, *n - 1, *alpha, l2::FullColumns<const double>{a, *lda}, x, *incx, *beta,
-                          y, *incy);
+    l2::gemv(trans, m, n, alpha, a, lda, x, incx, beta, y, incy);
+}
+
+void cgemv(const char* trans, const i64* m, const i64* n, const fcomplex* alpha, const fcomplex* a, const i64* lda,
+           const fcomplex* x, const i64* incx, const fcomplex* beta, fcomplex* y, const i64* incy)
+{
+    l2::gemv(trans, m, n, alpha, a, lda, x, incx, beta, y, incy);
 }
 
 void zgemv(const char* trans, const i64* m, const i64* n, const dcomplex* alpha, const dcomplex* a, const i64* lda,
            const dcomplex* x, const i64* incx, const dcomplex* beta, dcomplex* y, const i64* incy)
 {
-    const char t = l2::option(trans);
-    const l2::FullColumns<const dcomplex> cols{a, *lda};
-    if (t == 'C')
-        l2::general_mv<true>(true, *m, *n, *m - 1, *n - 1, *alpha, cols, x, *incx, *beta, y, *incy);
-    else
-        l2::general_mv<false>(t != 'N', *m, *n, *m - 1, *n - 1, *alpha, cols, x, *incx, *beta, y, *incy);
+    l2::gemv(trans, m, n, alpha, a, lda, x, incx, beta, y, incy);
 }
 
 }  // namespace orv::cnr

@@ -18,7 +18,7 @@ void general_mv(bool trans, i64 m, i64 n, i64 kl, i64 ku, T alpha, Columns a, co
     const Strided<const T> xv = strided(x, len_x, incx);
     const Strided<T> yv = strided(y, len_y, incy);
 
-    scale_by_beta(len_y, beta, yv);
+    scale_by(0, len_y, beta, yv);
     if (is_zero(alpha)) return;
 
     for (i64 j = 0; j < n; ++j) {
@@ -32,7 +32,7 @@ void general_mv(bool trans, i64 m, i64 n, i64 kl, i64 ku, T alpha, Columns a, co
         } else {
             // Dot form: y(j) += alpha * (A(:, j) . x).
             T s{};
-            for (i64 i = first; i <= last; ++i) s = s + cj<Conj>(col[i]) * xv[i];
+            for (i64 i = first; i <= last; ++i) s = s + conj_if<Conj>(col[i]) * xv[i];
             yv[j] = yv[j] + alpha * s;
         }
     }

@@ -1,4 +1,4 @@
-// General rank-1 update A := alpha * x * y^T + A (y conjugated for zgerc).
+// General rank-1 update A := alpha * x * y^T + A (y conjugated for gerc).
 
 #include "level2/level2.h"
 #include "level2/support.h"
@@ -15,7 +15,7 @@ void rank1(i64 m, i64 n, T alpha, const T* x, i64 incx, const T* y, i64 incy, T*
     for (i64 j = 0; j < n; ++j) {
         // A zero y(j) leaves its column alone, even where x holds NaN or infinity.
         if (is_zero(yv[j])) continue;
-        const T t = alpha * cj<Conj>(yv[j]);
+        const T t = alpha * conj_if<Conj>(yv[j]);
         T* col = a + j * lda;
         for (i64 i = 0; i < m; ++i) col[i] = col[i] + xv[i] * t;
     }
@@ -26,8 +26,20 @@ void rank1(i64 m, i64 n, T alpha, const T* x, i64 incx, const T* y, i64 incy, T*
 
 namespace orv::cnr {
 
+void sger(const i64* m, const i64* n, const float* alpha, const float* x, const i64* incx, const float* y,
+          const i64* incy, float* a, const i64* lda)
+{
+    l2::rank1<false>(*m, *n, *alpha, x, *incx, y, *incy, a, *lda);
+}
+
 void dger(const i64* m, const i64* n, const double* alpha, const double* x, const i64* incx, const double* y,
           const i64* incy, double* a, const i64* lda)
+{
+    l2::rank1<false>(*m, *n, *alpha, x, *incx, y, *incy, a, *lda);
+}
+
+void cgeru(const i64* m, const i64* n, const fcomplex* alpha, const fcomplex* x, const i64* incx, const fcomplex* y,
+           const i64* incy, fcomplex* a, const i64* lda)
 {
     l2::rank1<false>(*m, *n, *alpha, x, *incx, y, *incy, a, *lda);
 }
@@ -36,6 +48,12 @@ void zgeru(const i64* m, const i64* n, const dcomplex* alpha, const dcomplex* x,
            const i64* incy, dcomplex* a, const i64* lda)
 {
     l2::rank1<false>(*m, *n, *alpha, x, *incx, y, *incy, a, *lda);
+}
+
+void cgerc(const i64* m, const i64* n, const fcomplex* alpha, const fcomplex* x, const i64* incx, const fcomplex* y,
+           const i64* incy, fcomplex* a, const i64* lda)
+{
+    l2::rank1<true>(*m, *n, *alpha, x, *incx, y, *incy, a, *lda);
 }
 
 void zgerc(const i64* m, const i64* n, const dcomplex* alpha, const dcomplex* x, const i64* incx, const dcomplex* y,

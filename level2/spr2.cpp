@@ -3,20 +3,45 @@
 #include "level2/level2.h"
 #include "level2/symmetric_rank2.h"
 
+namespace orv::l2 {
+namespace {
+
+// Complex matrices are Hermitian.
+template <typename T>
+void spr2(const char* uplo, const i64* n, const T* alpha, const T* x, const i64* incx, const T* y, const i64* incy,
+          T* ap)
+{
+    const bool upper = option_letter(uplo) == 'U';
+    symmetric_rank2<is_complex<T>>(upper, *n, *alpha, x, *incx, y, *incy, PackedColumns<T>{ap, *n, upper});
+}
+
+}  // namespace
+}  // namespace orv::l2
+
 namespace orv::cnr {
+
+void sspr2(const char* uplo, const i64* n, const float* alpha, const float* x, const i64* incx, const float* y,
+           const i64* incy, float* ap)
+{
+    l2::spr2(uplo, n, alpha, x, incx, y, incy, ap);
+}
 
 void dspr2(const char* uplo, const i64* n, const double* alpha, const double* x, const i64* incx, const double* y,
            const i64* incy, double* ap)
 {
-    const bool upper = l2::option(uplo) == 'U';
-    l2::symmetric_rank2<false>(upper, *n, *alpha, x, *incx, y, *incy, l2::PackedColumns<double>{ap, *n, upper});
+    l2::spr2(uplo, n, alpha, x, incx, y, incy, ap);
+}
+
+void chpr2(const char* uplo, const i64* n, const fcomplex* alpha, const fcomplex* x, const i64* incx,
+           const fcomplex* y, const i64* incy, fcomplex* ap)
+{
+    l2::spr2(uplo, n, alpha, x, incx, y, incy, ap);
 }
 
 void zhpr2(const char* uplo, const i64* n, const dcomplex* alpha, const dcomplex* x, const i64* incx,
            const dcomplex* y, const i64* incy, dcomplex* ap)
 {
-    const bool upper = l2::option(uplo) == 'U';
-    l2::symmetric_rank2<true>(upper, *n, *alpha, x, *incx, y, *incy, l2::PackedColumns<dcomplex>{ap, *n, upper});
+    l2::spr2(uplo, n, alpha, x, incx, y, incy, ap);
 }
 
 }  // namespace orv::cnr

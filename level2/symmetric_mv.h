@@ -16,7 +16,7 @@ void symmetric_mv(bool upper, i64 n, i64 k, T alpha, Columns a, const T* x, i64 
     const Strided<const T> xv = strided(x, n, incx);
     const Strided<T> yv = strided(y, n, incy);
 
-    scale_by_beta(n, beta, yv);
+    scale_by(0, n, beta, yv);
     if (is_zero(alpha)) return;
 
     // Each stored column is read once: it adds alpha * x(j) times itself to y
@@ -28,7 +28,7 @@ void symmetric_mv(bool upper, i64 n, i64 k, T alpha, Columns a, const T* x, i64 
         if (upper) {
             for (i64 i = max(0, j - k); i < j; ++i) {
                 yv[i] = yv[i] + t1 * col[i];
-                t2 = t2 + cj<Herm>(col[i]) * xv[i];
+                t2 = t2 + conj_if<Herm>(col[i]) * xv[i];
             }
             yv[j] = yv[j] + times_diag<Herm>(t1, col[j]) + alpha * t2;
         } else {
@@ -36,7 +36,7 @@ void symmetric_mv(bool upper, i64 n, i64 k, T alpha, Columns a, const T* x, i64 
             const i64 last = min(n - 1, j + k);
             for (i64 i = j + 1; i <= last; ++i) {
                 yv[i] = yv[i] + t1 * col[i];
-                t2 = t2 + cj<Herm>(col[i]) * xv[i];
+                t2 = t2 + conj_if<Herm>(col[i]) * xv[i];
             }
             yv[j] = yv[j] + alpha * t2;
         }

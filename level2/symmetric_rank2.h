@@ -19,11 +19,11 @@ void symmetric_rank2(bool upper, i64 n, T alpha, const T* x, i64 incx, const T* 
         T* col = a.col(j);
         // Zero x(j) and y(j) leave their column alone, even where x or y hold NaN or infinity.
         if (is_zero(xv[j]) && is_zero(yv[j])) {
-            if constexpr (Herm) col[j] = real_diag<Herm>(col[j]);
+            if constexpr (Herm) col[j] = real_diagonal<Herm>(col[j]);
             continue;
         }
-        const T t1 = alpha * cj<Herm>(yv[j]);
-        const T t2 = cj<Herm>(alpha * xv[j]);
+        const T t1 = alpha * conj_if<Herm>(yv[j]);
+        const T t2 = conj_if<Herm>(alpha * xv[j]);
         const i64 first = upper ? 0 : j + 1;
         const i64 last = upper ? j - 1 : n - 1;
         for (i64 i = first; i <= last; ++i) col[i] = col[i] + xv[i] * t1 + yv[i] * t2;

@@ -31,17 +31,17 @@ void triangular_mv_in_place(Triangle tri, i64 n, i64 k, Columns a, T* x, i64 inc
         for (i64 j = n - 1; j >= 0; --j) {
             const T* col = a.col(j);
             T t = xv[j];
-            if (!tri.unit) t = t * cj<Conj>(col[j]);
-            for (i64 i = j - 1; i >= max(0, j - k); --i) t = t + cj<Conj>(col[i]) * xv[i];
+            if (!tri.unit) t = t * conj_if<Conj>(col[j]);
+            for (i64 i = j - 1; i >= max(0, j - k); --i) t = t + conj_if<Conj>(col[i]) * xv[i];
             xv[j] = t;
         }
     } else {
         for (i64 j = 0; j < n; ++j) {
             const T* col = a.col(j);
             T t = xv[j];
-            if (!tri.unit) t = t * cj<Conj>(col[j]);
+            if (!tri.unit) t = t * conj_if<Conj>(col[j]);
             const i64 last = min(n - 1, j + k);
-            for (i64 i = j + 1; i <= last; ++i) t = t + cj<Conj>(col[i]) * xv[i];
+            for (i64 i = j + 1; i <= last; ++i) t = t + conj_if<Conj>(col[i]) * xv[i];
             xv[j] = t;
         }
     }

@@ -34,16 +34,16 @@ void triangular_sv_in_place(Triangle tri, i64 n, i64 k, Columns a, T* x, i64 inc
         for (i64 j = 0; j < n; ++j) {
             const T* col = a.col(j);
             T t = xv[j];
-            for (i64 i = max(0, j - k); i < j; ++i) t = t - cj<Conj>(col[i]) * xv[i];
-            if (!tri.unit) t = t / cj<Conj>(col[j]);
+            for (i64 i = max(0, j - k); i < j; ++i) t = t - conj_if<Conj>(col[i]) * xv[i];
+            if (!tri.unit) t = t / conj_if<Conj>(col[j]);
             xv[j] = t;
         }
     } else {
         for (i64 j = n - 1; j >= 0; --j) {
             const T* col = a.col(j);
             T t = xv[j];
-            for (i64 i = min(n - 1, j + k); i > j; --i) t = t - cj<Conj>(col[i]) * xv[i];
-            if (!tri.unit) t = t / cj<Conj>(col[j]);
+            for (i64 i = min(n - 1, j + k); i > j; --i) t = t - conj_if<Conj>(col[i]) * xv[i];
+            if (!tri.unit) t = t / conj_if<Conj>(col[j]);
             xv[j] = t;
         }
     }

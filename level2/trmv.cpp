@@ -3,18 +3,43 @@
 #include "level2/level2.h"
 #include "level2/triangular_mv.h"
 
+namespace orv::l2 {
+namespace {
+
+template <typename T>
+void trmv(const char* uplo, const char* trans, const char* diag, const i64* n, const T* a, const i64* lda, T* x,
+          const i64* incx)
+{
+    triangular_mv(triangle(uplo, trans, diag), *n, *n - 1, FullColumns<const T>{a, *lda}, x, *incx);
+}
+
+}  // namespace
+}  // namespace orv::l2
+
 namespace orv::cnr {
+
+void strmv(const char* uplo, const char* trans, const char* diag, const i64* n, const float* a, const i64* lda,
+           float* x, const i64* incx)
+{
+    l2::trmv(uplo, trans, diag, n, a, lda, x, incx);
+}
 
 void dtrmv(const char* uplo, const char* trans, const char* diag, const i64* n, const double* a, const i64* lda,
            double* x, const i64* incx)
 {
-    l2::triangular_mv(l2::triangle(uplo, trans, diag), *n, *n - 1, l2::FullColumns<const double>{a, *lda}, x, *incx);
+    l2::trmv(uplo, trans, diag, n, a, lda, x, incx);
+}
+
+void ctrmv(const char* uplo, const char* trans, const char* diag, const i64* n, const fcomplex* a, const i64* lda,
+           fcomplex* x, const i64* incx)
+{
+    l2::trmv(uplo, trans, diag, n, a, lda, x, incx);
 }
 
 void ztrmv(const char* uplo, const char* trans, const char* diag, const i64* n, const dcomplex* a, const i64* lda,
            dcomplex* x, const i64* incx)
 {
-    l2::triangular_mv(l2::triangle(uplo, trans, diag), *n, *n - 1, l2::FullColumns<const dcomplex>{a, *lda}, x, *incx);
+    l2::trmv(uplo, trans, diag, n, a, lda, x, incx);
 }
 
 }  // namespace orv::cnr

@@ -16,7 +16,7 @@ void gemm(bool trans_a, bool trans_b, i64 m, i64 n, i64 k, T alpha, const T* a, 
     const bool product = !is_zero(alpha) && k > 0;
     for (i64 j = 0; j < n; ++j) {
         T* cj = c + j * ldc;
-        scale_column(0, m, beta, cj);
+        scale_by(0, m, beta, cj);
         if (!product) continue;
         if (!trans_a) {
             // Column l of A, weighted by op(B)(l, j), added down column j of C.
@@ -49,8 +49,8 @@ void gemm_options(const char* transa, const char* transb, i64 m, i64 n, i64 k, T
     const bool trans_a = ta != 'N';
     const bool trans_b = tb != 'N';
     // For real data 'C' is a plain transpose.
-    const bool conj_a = kIsComplex<T> && ta == 'C';
-    const bool conj_b = kIsComplex<T> && tb == 'C';
+    const bool conj_a = is_complex<T> && ta == 'C';
+    const bool conj_b = is_complex<T> && tb == 'C';
     if (conj_a && conj_b)
         gemm<T, true, true>(trans_a, trans_b, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
     else if (conj_a)
@@ -63,8 +63,21 @@ void gemm_options(const char* transa, const char* transb, i64 m, i64 n, i64 k, T
 
 }  // namespace
 
+void sgemm(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k, const float* alpha,
+           const float* a, const i64* lda, const float* b, const i64* ldb, const float* beta, float* c, const i64* ldc)
+{
+    gemm_options(transa, transb, *m, *n, *k, *alpha, a, *lda, b, *ldb, *beta, c, *ldc);
+}
+
 void dgemm(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k, const double* alpha,
            const double* a, const i64* lda, const double* b, const i64* ldb, const double* beta, double* c,
+           const i64* ldc)
+{
+    gemm_options(transa, transb, *m, *n, *k, *alpha, a, *lda, b, *ldb, *beta, c, *ldc);
+}
+
+void cgemm(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k, const fcomplex* alpha,
+           const fcomplex* a, const i64* lda, const fcomplex* b, const i64* ldb, const fcomplex* beta, fcomplex* c,
            const i64* ldc)
 {
     gemm_options(transa, transb, *m, *n, *k, *alpha, a, *lda, b, *ldb, *beta, c, *ldc);

@@ -1,8 +1,8 @@
 // Building the operand and operation records of a real matrix product.
 #include "level3/gemm_records.h"
 
-#include "level3/common.h"
 #include "level3/gemm_observer.h"
+#include "service/elements.h"
 
 namespace orv {
 
@@ -37,7 +37,7 @@ static int storage_kind(char letter)
 
 MatrixDesc describe_operand(const char* trans, const double* x, i64 rows, i64 cols, i64 ld)
 {
-    const char letter = cnr::l3::option_letter(trans);
+    const char letter = option_letter(trans);
     MatrixDesc d{};
     d.base = const_cast<double*>(x);  // read only: the driver writes through C's view alone
     d.rows = rows;
@@ -64,7 +64,7 @@ MatrixDesc describe_result(double* c, i64 rows, i64 cols, i64 ld)
 
 int transposition_code(const char* trans)
 {
-    switch (cnr::l3::option_letter(trans)) {
+    switch (option_letter(trans)) {
     case 'N': return 0;
     case 'T': return 1;
     case 'C': return 2;

@@ -2,9 +2,9 @@
 // routed accordingly.
 #include "level3/gemm_route.h"
 
-#include "level3/common.h"
 #include "level3/gemm_driver.h"
 #include "level3/gemm_unpacked.h"
+#include "service/elements.h"
 
 namespace orv {
 namespace {
@@ -97,8 +97,7 @@ void routed_dgemm(const GemmPath& path, const char* transa, const char* transb, 
                   const i64* k, const double* alpha, const double* a, const i64* lda, const double* b,
                   const i64* ldb, const double* beta, double* c, const i64* ldc)
 {
-    const GemmShape shape{cnr::l3::option_letter(transa), cnr::l3::option_letter(transb), *m, *n, *k, *alpha,
-                          *beta};
+    const GemmShape shape{option_letter(transa), option_letter(transb), *m, *n, *k, *alpha, *beta};
     const GemmEvent road = road_for(path, shape);
     switch (road) {
     case GemmEvent::none:

@@ -14,8 +14,8 @@
 
 #include <emmintrin.h>
 
-#include "level3/common.h"
 #include "level3/gemm_driver.h"
+#include "service/elements.h"
 
 namespace orv {
 namespace {
@@ -156,8 +156,8 @@ void unpacked_product(const char* transa, const char* transb, i64 m, i64 n, i64 
         scale_c(m, n, beta, c, ldc);
         return;
     }
-    const bool tb = cnr::l3::option_letter(transb) != 'N';
-    if (cnr::l3::option_letter(transa) != 'N')
+    const bool tb = option_letter(transb) != 'N';
+    if (option_letter(transa) != 'N')
         product<true>(tb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
     else
         product<false>(tb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);

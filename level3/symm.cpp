@@ -17,7 +17,7 @@ void symm(bool left, bool upper, i64 m, i64 n, T alpha, const T* a, i64 lda, con
     if (is_zero(alpha) && is_one(beta)) return;
     for (i64 j = 0; j < n; ++j) {
         T* cj = c + j * ldc;
-        scale_column(0, m, beta, cj);
+        scale_by(0, m, beta, cj);
         if (is_zero(alpha)) continue;
         const T* bj = b + j * ldb;
         if (left) {
@@ -35,7 +35,7 @@ void symm(bool left, bool upper, i64 m, i64 n, T alpha, const T* a, i64 lda, con
                     cj[i] = cj[i] + (alpha * al[i]) * blj;
                     mirrored = mirrored + (alpha * conj_if<Herm>(al[i])) * bj[i];
                 }
-                cj[l] = cj[l] + (alpha * diagonal_value<Herm>(al[l])) * blj + mirrored;
+                cj[l] = cj[l] + (alpha * real_diagonal<Herm>(al[l])) * blj + mirrored;
             }
         } else {
             // Column j of C gathers the columns of B weighted by column j of A.
@@ -48,27 +48,50 @@ void symm(bool left, bool upper, i64 m, i64 n, T alpha, const T* a, i64 lda, con
     }
 }
 
+template <bool Herm, typename T>
+void symm_options(const char* side, const char* uplo, const i64* m, const i64* n, const T* alpha, const T* a,
+                  const i64* lda, const T* b, const i64* ldb, const T* beta, T* c, const i64* ldc)
+{
+    symm<T, Herm>(option_letter(side) == 'L', option_letter(uplo) == 'U', *m, *n, *alpha, a, *lda, b, *ldb, *beta, c,
+                  *ldc);
+}
+
 }  // namespace
+
+void ssymm(const char* side, const char* uplo, const i64* m, const i64* n, const float* alpha, const float* a,
+           const i64* lda, const float* b, const i64* ldb, const float* beta, float* c, const i64* ldc)
+{
+    symm_options<false>(side, uplo, m, n, alpha, a, lda, b, ldb, beta, c, ldc);
+}
 
 void dsymm(const char* side, const char* uplo, const i64* m, const i64* n, const double* alpha, const double* a,
            const i64* lda, const double* b, const i64* ldb, const double* beta, double* c, const i64* ldc)
 {
-    symm<double, false>(option_letter(side) == 'L', option_letter(uplo) == 'U', *m, *n, *alpha, a, *lda, b, *ldb,
-                        *beta, c, *ldc);
+    symm_options<false>(side, uplo, m, n, alpha, a, lda, b, ldb, beta, c, ldc);
+}
+
+void csymm(const char* side, const char* uplo, const i64* m, const i64* n, const fcomplex* alpha, const fcomplex* a,
+           const i64* lda, const fcomplex* b, const i64* ldb, const fcomplex* beta, fcomplex* c, const i64* ldc)
+{
+    symm_options<false>(side, uplo, m, n, alpha, a, lda, b, ldb, beta, c, ldc);
 }
 
 void zsymm(const char* side, const char* uplo, const i64* m, const i64* n, const dcomplex* alpha, const dcomplex* a,
            const i64* lda, const dcomplex* b, const i64* ldb, const dcomplex* beta, dcomplex* c, const i64* ldc)
 {
-    symm<dcomplex, false>(option_letter(side) == 'L', option_letter(uplo) == 'U', *m, *n, *alpha, a, *lda, b, *ldb,
-                          *beta, c, *ldc);
+    symm_options<false>(side, uplo, m, n, alpha, a, lda, b, ldb, beta, c, ldc);
+}
+
+void chemm(const char* side, const char* uplo, const i64* m, const i64* n, const fcomplex* alpha, const fcomplex* a,
+           const i64* lda, const fcomplex* b, const i64* ldb, const fcomplex* beta, fcomplex* c, const i64* ldc)
+{
+    symm_options<true>(side, uplo, m, n, alpha, a, lda, b, ldb, beta, c, ldc);
 }
 
 void zhemm(const char* side, const char* uplo, const i64* m, const i64* n, const dcomplex* alpha, const dcomplex* a,
            const i64* lda, const dcomplex* b, const i64* ldb, const dcomplex* beta, dcomplex* c, const i64* ldc)
 {
-    symm<dcomplex, true>(option_letter(side) == 'L', option_letter(uplo) == 'U', *m, *n, *alpha, a, *lda, b, *ldb,
-                         *beta, c, *ldc);
+    symm_options<true>(side, uplo, m, n, alpha, a, lda, b, ldb, beta, c, ldc);
 }
 
 }  // namespace orv::cnr

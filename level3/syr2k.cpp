@@ -11,7 +11,7 @@ namespace {
 
 using namespace l3;
 
-// Beta is the type of beta: the element type, or double for the Hermitian update.
+// Beta is the type of beta: the element type, or its real type for the Hermitian update.
 template <typename T, bool Herm, typename Beta>
 void syr2k(bool upper, bool trans, i64 n, i64 k, T alpha, const T* a, i64 lda, const T* b, i64 ldb, Beta beta, T* c,
            i64 ldc)
@@ -25,7 +25,7 @@ void syr2k(bool upper, bool trans, i64 n, i64 k, T alpha, const T* a, i64 lda, c
     for (i64 j = 0; j < n; ++j) {
         T* cj = c + j * ldc;
         const RowRange rows = triangle_rows(upper, j, n);
-        scale_column(rows.first, rows.last, beta, cj);
+        scale_by(rows.first, rows.last, beta, cj);
         if (product) {
             if (!trans) {
                 // Columns l of A and B, weighted by B(j, l) and A(j, l), down column j of C.
@@ -60,29 +60,54 @@ void syr2k(bool upper, bool trans, i64 n, i64 k, T alpha, const T* a, i64 lda, c
     }
 }
 
+template <bool Herm, typename T, typename Beta>
+void syr2k_options(const char* uplo, const char* trans, const i64* n, const i64* k, const T* alpha, const T* a,
+                   const i64* lda, const T* b, const i64* ldb, const Beta* beta, T* c, const i64* ldc)
+{
+    syr2k<T, Herm>(option_letter(uplo) == 'U', option_letter(trans) != 'N', *n, *k, *alpha, a, *lda, b, *ldb, *beta,
+                   c, *ldc);
+}
+
 }  // namespace
+
+void ssyr2k(const char* uplo, const char* trans, const i64* n, const i64* k, const float* alpha, const float* a,
+            const i64* lda, const float* b, const i64* ldb, const float* beta, float* c, const i64* ldc)
+{
+    syr2k_options<false>(uplo, trans, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
+}
 
 void dsyr2k(const char* uplo, const char* trans, const i64* n, const i64* k, const double* alpha, const double* a,
             const i64* lda, const double* b, const i64* ldb, const double* beta, double* c, const i64* ldc)
 {
-    syr2k<double, false>(option_letter(uplo) == 'U', option_letter(trans) != 'N', *n, *k, *alpha, a, *lda, b, *ldb,
-                         *beta, c, *ldc);
+    syr2k_options<false>(uplo, trans, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
+}
+
+void csyr2k(const char* uplo, const char* trans, const i64* n, const i64* k, const fcomplex* alpha,
+            const fcomplex* a, const i64* lda, const fcomplex* b, const i64* ldb, const fcomplex* beta, fcomplex* c,
+            const i64* ldc)
+{
+    syr2k_options<false>(uplo, trans, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
 }
 
 void zsyr2k(const char* uplo, const char* trans, const i64* n, const i64* k, const dcomplex* alpha,
             const dcomplex* a, const i64* lda, const dcomplex* b, const i64* ldb, const dcomplex* beta, dcomplex* c,
             const i64* ldc)
 {
-    syr2k<dcomplex, false>(option_letter(uplo) == 'U', option_letter(trans) != 'N', *n, *k, *alpha, a, *lda, b,
-                           *ldb, *beta, c, *ldc);
+    syr2k_options<false>(uplo, trans, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
+}
+
+void cher2k(const char* uplo, const char* trans, const i64* n, const i64* k, const fcomplex* alpha,
+            const fcomplex* a, const i64* lda, const fcomplex* b, const i64* ldb, const float* beta, fcomplex* c,
+            const i64* ldc)
+{
+    syr2k_options<true>(uplo, trans, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
 }
 
 void zher2k(const char* uplo, const char* trans, const i64* n, const i64* k, const dcomplex* alpha,
             const dcomplex* a, const i64* lda, const dcomplex* b, const i64* ldb, const double* beta, dcomplex* c,
             const i64* ldc)
 {
-    syr2k<dcomplex, true>(option_letter(uplo) == 'U', option_letter(trans) != 'N', *n, *k, *alpha, a, *lda, b,
-                          *ldb, *beta, c, *ldc);
+    syr2k_options<true>(uplo, trans, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
 }
 
 }  // namespace orv::cnr

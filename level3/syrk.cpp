@@ -9,8 +9,8 @@ namespace {
 
 using namespace l3;
 
-// S is the type of alpha and beta: the element type, or double for the
-// Hermitian update.
+// S is the type of alpha and beta: the element type, or its real type for
+// the Hermitian update.
 template <typename T, bool Herm, typename S>
 void syrk(bool upper, bool trans, i64 n, i64 k, S alpha, const T* a, i64 lda, S beta, T* c, i64 ldc)
 {
@@ -20,7 +20,7 @@ void syrk(bool upper, bool trans, i64 n, i64 k, S alpha, const T* a, i64 lda, S 
     for (i64 j = 0; j < n; ++j) {
         T* cj = c + j * ldc;
         const RowRange rows = triangle_rows(upper, j, n);
-        scale_column(rows.first, rows.last, beta, cj);
+        scale_by(rows.first, rows.last, beta, cj);
         if (product) {
             if (!trans) {
                 // op(A) = A: column l of A, weighted by A(j, l), down column j of C.
@@ -46,27 +46,49 @@ void syrk(bool upper, bool trans, i64 n, i64 k, S alpha, const T* a, i64 lda, S 
     }
 }
 
+template <bool Herm, typename T, typename S>
+void syrk_options(const char* uplo, const char* trans, const i64* n, const i64* k, const S* alpha, const T* a,
+                  const i64* lda, const S* beta, T* c, const i64* ldc)
+{
+    syrk<T, Herm>(option_letter(uplo) == 'U', option_letter(trans) != 'N', *n, *k, *alpha, a, *lda, *beta, c, *ldc);
+}
+
 }  // namespace
+
+void ssyrk(const char* uplo, const char* trans, const i64* n, const i64* k, const float* alpha, const float* a,
+           const i64* lda, const float* beta, float* c, const i64* ldc)
+{
+    syrk_options<false>(uplo, trans, n, k, alpha, a, lda, beta, c, ldc);
+}
 
 void dsyrk(const char* uplo, const char* trans, const i64* n, const i64* k, const double* alpha, const double* a,
            const i64* lda, const double* beta, double* c, const i64* ldc)
 {
-    syrk<double, false>(option_letter(uplo) == 'U', option_letter(trans) != 'N', *n, *k, *alpha, a, *lda, *beta, c,
-                        *ldc);
+    syrk_options<false>(uplo, trans, n, k, alpha, a, lda, beta, c, ldc);
+}
+
+void csyrk(const char* uplo, const char* trans, const i64* n, const i64* k, const fcomplex* alpha, const fcomplex* a,
+           const i64* lda, const fcomplex* beta, fcomplex* c, const i64* ldc)
+{
+    syrk_options<false>(uplo, trans, n, k, alpha, a, lda, beta, c, ldc);
 }
 
 void zsyrk(const char* uplo, const char* trans, const i64* n, const i64* k, const dcomplex* alpha, const dcomplex* a,
            const i64* lda, const dcomplex* beta, dcomplex* c, const i64* ldc)
 {
-    syrk<dcomplex, false>(option_letter(uplo) == 'U', option_letter(trans) != 'N', *n, *k, *alpha, a, *lda, *beta,
-                          c, *ldc);
+    syrk_options<false>(uplo, trans, n, k, alpha, a, lda, beta, c, ldc);
+}
+
+void cherk(const char* uplo, const char* trans, const i64* n, const i64* k, const float* alpha, const fcomplex* a,
+           const i64* lda, const float* beta, fcomplex* c, const i64* ldc)
+{
+    syrk_options<true>(uplo, trans, n, k, alpha, a, lda, beta, c, ldc);
 }
 
 void zherk(const char* uplo, const char* trans, const i64* n, const i64* k, const double* alpha, const dcomplex* a,
            const i64* lda, const double* beta, dcomplex* c, const i64* ldc)
 {
-    syrk<dcomplex, true>(option_letter(uplo) == 'U', option_letter(trans) != 'N', *n, *k, *alpha, a, *lda, *beta, c,
-                         *ldc);
+    syrk_options<true>(uplo, trans, n, k, alpha, a, lda, beta, c, ldc);
 }
 
 }  // namespace orv::cnr

@@ -18,7 +18,7 @@ void trmm(TriangleShape s, i64 m, i64 n, T alpha, const T* a, i64 lda, T* b, i64
     if (m == 0 || n == 0) return;
     if (is_zero(alpha)) {
         // Zeros are stored without reading A or B.
-        for (i64 j = 0; j < n; ++j) scale_column(0, m, alpha, b + j * ldb);
+        for (i64 j = 0; j < n; ++j) scale_by(0, m, alpha, b + j * ldb);
         return;
     }
     // alpha * op(A)(l, l)
@@ -115,8 +115,20 @@ void trmm_options(const char* side, const char* uplo, const char* transa, const 
 
 }  // namespace
 
+void strmm(const char* side, const char* uplo, const char* transa, const char* diag, const i64* m, const i64* n,
+           const float* alpha, const float* a, const i64* lda, float* b, const i64* ldb)
+{
+    trmm_options(side, uplo, transa, diag, *m, *n, *alpha, a, *lda, b, *ldb);
+}
+
 void dtrmm(const char* side, const char* uplo, const char* transa, const char* diag, const i64* m, const i64* n,
            const double* alpha, const double* a, const i64* lda, double* b, const i64* ldb)
+{
+    trmm_options(side, uplo, transa, diag, *m, *n, *alpha, a, *lda, b, *ldb);
+}
+
+void ctrmm(const char* side, const char* uplo, const char* transa, const char* diag, const i64* m, const i64* n,
+           const fcomplex* alpha, const fcomplex* a, const i64* lda, fcomplex* b, const i64* ldb)
 {
     trmm_options(side, uplo, transa, diag, *m, *n, *alpha, a, *lda, b, *ldb);
 }

@@ -17,7 +17,7 @@ void trsm(TriangleShape s, i64 m, i64 n, T alpha, const T* a, i64 lda, T* b, i64
 {
     if (m == 0 || n == 0) return;
     // A zero alpha makes X zero whatever A holds, so A is not read.
-    for (i64 j = 0; j < n; ++j) scale_column(0, m, alpha, b + j * ldb);
+    for (i64 j = 0; j < n; ++j) scale_by(0, m, alpha, b + j * ldb);
     if (is_zero(alpha)) return;
 
     auto divide_by_diagonal = [&](T x, i64 l) -> T { return s.unit ? x : x / conj_if<Conj>(a[l + l * lda]); };
@@ -115,8 +115,20 @@ void trsm_options(const char* side, const char* uplo, const char* transa, const 
 
 }  // namespace
 
+void strsm(const char* side, const char* uplo, const char* transa, const char* diag, const i64* m, const i64* n,
+           const float* alpha, const float* a, const i64* lda, float* b, const i64* ldb)
+{
+    trsm_options(side, uplo, transa, diag, *m, *n, *alpha, a, *lda, b, *ldb);
+}
+
 void dtrsm(const char* side, const char* uplo, const char* transa, const char* diag, const i64* m, const i64* n,
            const double* alpha, const double* a, const i64* lda, double* b, const i64* ldb)
+{
+    trsm_options(side, uplo, transa, diag, *m, *n, *alpha, a, *lda, b, *ldb);
+}
+
+void ctrsm(const char* side, const char* uplo, const char* transa, const char* diag, const i64* m, const i64* n,
+           const fcomplex* alpha, const fcomplex* a, const i64* lda, fcomplex* b, const i64* ldb)
 {
     trsm_options(side, uplo, transa, diag, *m, *n, *alpha, a, *lda, b, *ldb);
 }

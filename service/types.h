@@ -1,8 +1,9 @@
 // Types shared by every layer of the library.
 //
 // Inner layers take 64-bit integers by address (the exports widen the
-// caller's 32-bit values once) and complex elements as `dcomplex`, which has
-// the caller's layout: two doubles, real part first.
+// caller's 32-bit values once) and complex elements as `dcomplex` or
+// `fcomplex`, which have the caller's layout: two doubles (floats), real part
+// first.
 //
 // The inline operators below are for baseline-compiled code only. Code built
 // with a wider instruction set keeps its own helpers in its own namespace so
@@ -10,39 +11,59 @@
 #pragma once
 
 #include <cstdint>
+#include <type_traits>
 
 namespace orv {
 
 using i64 = std::int64_t;
 
-struct dcomplex {
-    double re;
-    double im;
+// A complex element as callers lay it out: two values of the real type R,
+// real part first, no padding.
+template <typename R>
+struct Complex {
+    R re;
+    R im;
 };
+using dcomplex = Complex<double>;
+using fcomplex = Complex<float>;
 
-constexpr dcomplex operator+(dcomplex a, dcomplex b) { return {a.re + b.re, a.im + b.im}; }
-constexpr dcomplex operator-(dcomplex a, dcomplex b) { return {a.re - b.re, a.im - b.im}; }
-constexpr dcomplex operator-(dcomplex a) { return {-a.re, -a.im}; }
+template <typename R>
+constexpr Complex<R> operator+(Complex<R> a, Complex<R> b) { return {a.re + b.re, a.im + b.im}; }
+template <typename R>
+constexpr Complex<R> operator-(Complex<R> a, Complex<R> b) { return {a.re - b.re, a.im - b.im}; }
+template <typename R>
+constexpr Complex<R> operator-(Complex<R> a) { return {-a.re, -a.im}; }
 // Textbook product, each part rounded after its two products are summed.
-constexpr dcomplex operator*(dcomplex a, dcomplex b) { return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re}; }
-constexpr dcomplex operator*(double s, dcomplex a) { return {s * a.re, s * a.im}; }
-constexpr dcomplex conj(dcomplex a) { return {a.re, -a.im}; }
-constexpr bool is_zero(dcomplex a) { return a.re == 0.0 && a.im == 0.0; }
-constexpr bool is_one(dcomplex a) { return a.re == 1.0 && a.im == 0.0; }
+template <typename R>
+constexpr Complex<R> operator*(Complex<R> a, Complex<R> b)
+{
+    return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re};
+}
+// A real scalar of the element's precision; it takes no part in deduction,
+// so that it converts like a plain argument.
+template <typename R>
+constexpr Complex<R> operator*(std::type_identity_t<R> s, Complex<R> a) { return {s * a.re, s * a.im}; }
+template <typename R>
+constexpr Complex<R> conj(Complex<R> a) { return {a.re, -a.im}; }
+template <typename R>
+constexpr bool is_zero(Complex<R> a) { return a.re == R(0) && a.im == R(0); }
+template <typename R>
+constexpr bool is_one(Complex<R> a) { return a.re == R(1) && a.im == R(0); }
 
 // Quotient by scaled division (the divisor's larger part is divided out
 // first), so that neither an overflow nor an underflow of |b|^2 spoils it.
-inline dcomplex operator/(dcomplex a, dcomplex b)
+template <typename R>
+inline Complex<R> operator/(Complex<R> a, Complex<R> b)
 {
-    const double abs_re = b.re < 0 ? -b.re : b.re;
-    const double abs_im = b.im < 0 ? -b.im : b.im;
+    const R abs_re = b.re < 0 ? -b.re : b.re;
+    const R abs_im = b.im < 0 ? -b.im : b.im;
     if (abs_re >= abs_im) {
-        const double r = b.im / b.re;
-        const double d = b.re + b.im * r;
+        const R r = b.im / b.re;
+        const R d = b.re + b.im * r;
         return {(a.re + a.im * r) / d, (a.im - a.re * r) / d};
     }
-    const double r = b.re / b.im;
-    const double d = b.re * r + b.im;
+    const R r = b.re / b.im;
+    const R d = b.re * r + b.im;
     return {(a.re * r + a.im) / d, (a.im * r - a.re) / d};
 }
 
