@@ -59,12 +59,18 @@ HostErrorHandler host_error_handler()
 {
     void* found = dlsym(RTLD_DEFAULT, "xerbla_");
     if (found == nullptr) return nullptr;
+    Dl_info ours{}, theirs{};
+    if (dladdr(found, &theirs) == 0) return reinterpret_cast<HostErrorHandler>(found);
     // The drop-in library exports a xerbla_ of its own, which the lookup
     // finds when nothing before it in the search order defines one.
-    Dl_info ours{}, theirs{};
-    if (dladdr(reinterpret_cast<void*>(&host_error_handler), &ours) != 0 && dladdr(found, &theirs) != 0 &&
-        ours.dli_fbase == theirs.dli_fbase)
+    if (dladdr(reinterpret_cast<void*>(&host_error_handler), &ours) != 0 && ours.dli_fbase == theirs.dli_fbase)
         return nullptr;
+    // A LAPACK or BLAS library loaded beside ours brings the stock handler,
+    // which ends the program: that is no handler of the host's.
+    const char* file = theirs.dli_fname != nullptr ? theirs.dli_fname : "";
+    const char* slash = std::strrchr(file, '/');
+    const char* base = slash != nullptr ? slash + 1 : file;
+    if (std::strncmp(base, "liblapack", 9) == 0 || std::strncmp(base, "libblas", 7) == 0) return nullptr;
     return reinterpret_cast<HostErrorHandler>(found);
 }
 
