@@ -1,9 +1,0 @@
-// Dot products: the server AVX-512 code path's instance of the shared kernels.
-#include "level1/kernels/avx512/vec.h"
-
-namespace orv::avx512 {
-
-#include "level1/kernels/wide/reduce.inc"
-#include "level1/kernels/wide/dot.inc"
-
-}  // namespace orv::avx512

@@ -1,8 +1,0 @@
-// Euclidean norms: the server AVX-512 code path's instance of the shared kernels.
-#include "level1/kernels/avx512/vec.h"
-
-namespace orv::avx512 {
-
-#include "level1/kernels/wide/nrm2.inc"
-
-}  // namespace orv::avx512

@@ -1,9 +1,0 @@
-// Dot products: the many-core AVX-512 (F and CD) code path's instance of the shared kernels.
-#include "level1/kernels/avx512_qix/vec.h"
-
-namespace orv::avx512_qix {
-
-#include "level1/kernels/wide/reduce.inc"
-#include "level1/kernels/wide/dot.inc"
-
-}  // namespace orv::avx512_qix

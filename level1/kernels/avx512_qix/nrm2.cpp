@@ -1,8 +1,0 @@
-// Euclidean norms: the many-core AVX-512 (F and CD) code path's instance of the shared kernels.
-#include "level1/kernels/avx512_qix/vec.h"
-
-namespace orv::avx512_qix {
-
-#include "level1/kernels/wide/nrm2.inc"
-
-}  // namespace orv::avx512_qix
