@@ -28,6 +28,16 @@ constexpr i64 kViewReserved = 128;
 // block pays the loads and stores of C for little work.
 DepthBlocks with_tail(i64 k, i64 kc, i64 ku) { return {kc, max_of(1, min_of(k, round_up(kc + kc / 4, ku)))}; }
 
+DepthBlocks standard_depths(i64 k, i64 ku)
+{
+    i64 kc;
+    if (k > 256) kc = k < 384 ? round_up(k / 2, ku) : 192;
+    else kc = max_of(round_up(k, ku), 128);
+    return with_tail(k, kc, ku);
+}
+
+DepthBlocks combined_depths(i64 k, i64 ku) { return with_tail(k, round_up(max_of(min_of(k, 256), 1), ku), ku); }
+
 void lay_out(i64 mc, i64 nc, DepthBlocks depths, const KernelParams* params, BlockPlan* plan)
 {
     const i64 kcr = round_up(depths.kc, params->ku);
@@ -84,14 +94,6 @@ int settle_tile(KernelParams* p, const GemmTile& standard, const GemmTile& alter
     return held ? 1 : 0;
 }
 
-DepthBlocks standard_depths(i64 k, i64 ku)
-{
-    i64 kc;
-    if (k > 256) kc = k < 384 ? round_up(k / 2, ku) : 192;
-    else kc = max_of(round_up(k, ku), 128);
-    return with_tail(k, kc, ku);
-}
-
 void standard_block_sizes(i64 m, i64 n, i64 k, const KernelParams* params, BlockPlan* plan)
 {
     const i64 mr = params->mr, nr = params->nr;
@@ -101,8 +103,6 @@ void standard_block_sizes(i64 m, i64 n, i64 k, const KernelParams* params, Block
 }
 
 const BlockRule kStandardBlocks = {standard_block_sizes, standard_depths, 256};
-
-DepthBlocks combined_depths(i64 k, i64 ku) { return with_tail(k, round_up(max_of(min_of(k, 256), 1), ku), ku); }
 
 void combined_block_sizes(i64 m, i64 n, i64 k, const KernelParams* params, BlockPlan* plan)
 {

@@ -52,14 +52,12 @@ struct BlockRule {
 //   nc: all columns, at least one tile, at most 24 for k below 48 and at
 //       most 192 otherwise, in whole tiles.
 // The sizes also lay out the packed views and the buffer routines.
-DepthBlocks standard_depths(i64 k, i64 ku);
 void standard_block_sizes(i64 m, i64 n, i64 k, const KernelParams* params, BlockPlan* plan);
 extern const BlockRule kStandardBlocks;
 
 // The blocks of the baseline paths, sized for 128-bit registers: 256 deep
 // (up to 320 in the last block), 128 columns per slice (a 256 KiB slice of B
 // stays in the second-level cache), up to 4992 rows per block.
-DepthBlocks combined_depths(i64 k, i64 ku);
 void combined_block_sizes(i64 m, i64 n, i64 k, const KernelParams* params, BlockPlan* plan);
 extern const BlockRule kCombinedBlocks;
 

@@ -52,10 +52,6 @@ orv::KernelParams params_for(int mr, int nr)
     return p;
 }
 
-const GemmPath* const kAllPaths[] = {&orv::kGemmPathAvx512, &orv::kGemmPathAvx512Qix, &orv::kGemmPathAvx2,
-                                     &orv::kGemmPathAvx,    &orv::kGemmPathMc3,       &orv::kGemmPathMc,
-                                     &orv::kGemmPathDef};
-
 // Whether this processor runs the kernels of `path` (the instruction sets its
 // kernel folder is compiled for).
 bool processor_runs(const GemmPath& path)
@@ -537,7 +533,7 @@ TEST(GemmDriver, EveryTileComputesTheProduct)
         {'N', 'T', 37, 29, 50, 1, 0.5},  {'T', 'T', 61, 30, 40, 0.5, 0},   {'N', 'N', 100, 61, 300, 1, 0},
         {'C', 'N', 25, 33, 130, 1, -1},  {'N', 'N', 30, 20, 0, 1, 0.5},    {'N', 'N', 30, 20, 10, 0, 0},
     };
-    for (const GemmPath* path : kAllPaths) {
+    for (const auto& [path, member] : kMembers) {
         if (!processor_runs(*path)) continue;
         for (const int tile_mode : {0, orv::kTileModeAlternative})
             for (const bool small_blocks : {false, true})
@@ -585,7 +581,7 @@ const struct {
 // default and the alternative tile give the same bits.
 TEST(GemmDriver, BothTilesGiveTheSameBits)
 {
-    for (const GemmPath* path : kAllPaths) {
+    for (const auto& [path, member] : kMembers) {
         if (!processor_runs(*path)) continue;
         for (const auto& s : kFullShapes) {
             Product standard = full_product(s.ta, s.tb, s.m, s.n, s.k, s.alpha, s.beta, std::uint64_t(s.m * s.k));
