@@ -42,7 +42,7 @@ void fill_operands(const ShapeCase& t, Mat<double>& a, Mat<double>& b, Mat<doubl
     c.fill(rng);
     // Zeros in C meet beta -1 and a zero sum: -0 plus +0 is +0.
     for (int j = 0; j < t.n; ++j)
-        for (int i = (j % 3); i < t.m; i += 3) c.at(i, j) = 0.0;
+        for (int i = j % 3; i < t.m; i += 3) c.at(i, j) = 0.0;
     for (int l = 0; l < t.k; ++l) {
         const double tiny = (l % 2 ? 1e-200 : -1e-200) * (1.0 + rng.full() / 2);
         if (t.m > 1) op_ref(a, t.ta, 1, l) = tiny;
@@ -163,7 +163,7 @@ TEST(GemmShape, LeadingBlocksOnTheOtherRoad)
         {'N', 'N', 22, 22, 22, {{21, 21}, {22, 20}, {7, 22}}},     // the baseline's unpacked products
         {'T', 'N', 41, 30, 6, {{40, 30}, {40, 5}, {12, 30}}},      // shallow: direct up to 40 rows
         {'N', 'T', 30, 41, 6, {{30, 40}, {30, 12}, {4, 41}}},
-        {'C', 'N', 30, 30, 7, {{30, 30}, {29, 30}, {11, 13}}},     // one deeper: no longer direct
+        {'C', 'N', 30, 30, 7, {{30, 3}, {29, 30}, {11, 13}}},      // one deeper: no longer direct
         {'N', 'C', 24, 28, 321, {{23, 27}, {24, 1}, {1, 28}}},     // the baseline's 256 + 65
         {'T', 'T', 12, 8, 577, {{11, 7}, {4, 8}, {12, 2}}},        // 192 + 192 + 193; 256 + 256 + 65
     };
