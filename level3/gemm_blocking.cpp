@@ -26,15 +26,25 @@ constexpr i64 kViewReserved = 128;
 
 // A remainder of at most a quarter of a block joins the last block: a short
 // block pays the loads and stores of C for little work.
-i64 depth_capacity(i64 k, i64 kc, i64 ku) { return min_of(k, round_up(kc + kc / 4, ku)); }
+DepthBlocks with_tail(i64 k, i64 kc, i64 ku) { return {kc, max_of(1, min_of(k, round_up(kc + kc / 4, ku)))}; }
 
-void lay_out(i64 mc, i64 nc, i64 kc, i64 k, const KernelParams* params, BlockPlan* plan)
+DepthBlocks standard_depths(i64 k, i64 ku)
 {
-    const i64 kcr = round_up(kc, params->ku);
+    i64 kc;
+    if (k > 256) kc = k < 384 ? round_up(k / 2, ku) : 192;
+    else kc = max_of(round_up(k, ku), 128);
+    return with_tail(k, kc, ku);
+}
+
+DepthBlocks combined_depths(i64 k, i64 ku) { return with_tail(k, round_up(max_of(min_of(k, 256), 1), ku), ku); }
+
+void lay_out(i64 mc, i64 nc, DepthBlocks depths, const KernelParams* params, BlockPlan* plan)
+{
+    const i64 kcr = round_up(depths.kc, params->ku);
     plan->mc = mc;
     plan->nc = nc;
-    plan->kc = kc;
-    plan->depth_capacity = max_of(1, depth_capacity(k, kc, params->ku));
+    plan->kc = depths.kc;
+    plan->depth_capacity = depths.capacity;
     plan->slack_bytes = kSlackBytes;
     plan->huge_page = kHugePage;
     plan->b_offset = kBOffset;
@@ -59,7 +69,7 @@ void init_kernel_params(KernelParams* p, const GemmTile& tile, TileChooser choos
     *p = KernelParams{};
     p->mr = tile.mr;
     p->nr = tile.nr;
-    p->ku = 1;
+    p->ku = kTileDepthUnroll;
     p->b_copies = tile.b_copies;
     p->alignment = 4;
     p->choose_tile = chooser;
@@ -76,33 +86,33 @@ int settle_tile(KernelParams* p, const GemmTile& standard, const GemmTile& alter
         if (p->tile_mode == 0) p->tile_mode = kTileModeDefault;
     }
     if (p->alignment == 0) p->alignment = 4;
-    const bool held = p->mr == tile.mr && p->nr == tile.nr && p->ku == 1;
+    const bool held = p->mr == tile.mr && p->nr == tile.nr && p->ku == kTileDepthUnroll;
     p->mr = p->chosen_mr = tile.mr;
     p->nr = p->chosen_nr = tile.nr;
-    p->ku = p->chosen_ku = 1;
+    p->ku = p->chosen_ku = kTileDepthUnroll;
     p->b_copies = tile.b_copies;
     return held ? 1 : 0;
 }
 
 void standard_block_sizes(i64 m, i64 n, i64 k, const KernelParams* params, BlockPlan* plan)
 {
-    const i64 mr = params->mr, nr = params->nr, ku = params->ku;
-    i64 kc;
-    if (k > 256) kc = k < 384 ? round_up(k / 2, ku) : 192;
-    else kc = max_of(round_up(k, ku), 128);
+    const i64 mr = params->mr, nr = params->nr;
     const i64 mc = round_up(min_of(max_of(m, mr), 5000), mr);
     const i64 nc = round_up(min_of(max_of(n, nr), k < 48 ? 24 : 192), nr);
-    lay_out(mc, nc, kc, k, params, plan);
+    lay_out(mc, nc, standard_depths(k, params->ku), params, plan);
 }
+
+const BlockRule kStandardBlocks = {standard_block_sizes, standard_depths, 256};
 
 void combined_block_sizes(i64 m, i64 n, i64 k, const KernelParams* params, BlockPlan* plan)
 {
     const i64 mr = params->mr, nr = params->nr;
-    const i64 kc = round_up(max_of(min_of(k, 256), 1), params->ku);
     const i64 mc = round_up(min_of(max_of(m, mr), 4992), mr);
     const i64 nc = round_up(min_of(max_of(n, nr), 128), nr);
-    lay_out(mc, nc, kc, k, params, plan);
+    lay_out(mc, nc, combined_depths(k, params->ku), params, plan);
 }
+
+const BlockRule kCombinedBlocks = {combined_block_sizes, combined_depths, 320};
 
 i64 packed_b_offset_bytes(const BlockPlan& plan)
 {

@@ -4,7 +4,6 @@
 #include "level3/gemm_blocking.h"
 #include "level3/gemm_observer.h"
 #include "level3/gemm_pack.h"
-#include "level3/gemm_unpacked.h"
 
 namespace orv {
 
@@ -43,10 +42,10 @@ void plan_gemm(const GemmPath& path, const GemmOp& op, const MatrixDesc& a, cons
     plan->block = run_block;
     plan->scale = scale_c;
     plan->driver = blocked_driver;
-    plan->fallback = unpacked_dgemm;
+    plan->fallback = path.fallback;
     plan->params = params;
     plan->tile = params.tile_mode == kTileModeAlternative ? path.alt_tile : path.tile;
-    plan->block_sizes = path.block_sizes;
+    plan->block_sizes = path.blocks->sizes;
 }
 
 namespace {

@@ -1,9 +1,17 @@
 // What distinguishes the real matrix product of one code path from another:
-// which small-matrix roads it tries before the blocked road, and the register
-// tiles of its inner kernels. The driver, the packing and the roads
-// themselves are shared baseline code; only this description differs.
+// which small-matrix roads it tries before the blocked road, its blocks, the
+// register tiles of its inner kernels and the kernel of its roads that read A
+// and B in place. The driver, the packing and the roads themselves are shared
+// baseline code; only this description differs.
+//
+// Every road of a path gives an element of C the same bits: C scaled by beta
+// first, then for each of the path's k-blocks one sum over the block's k in
+// order, starting from +0, of alpha * a(i, l) (rounded) times b(l, j), fused
+// into the sum where the path's tiles fuse and rounded before the add where
+// they do not, and that sum added to C.
 #pragma once
 
+#include "level3/gemm_blocking.h"
 #include "level3/gemm_records.h"
 #include "level3/kernels/gemm_small.h"
 
@@ -22,11 +30,12 @@ struct GemmPath {
     i64 small_q_limit;   // small_and_tiny: q = mn/(m+n) up to this takes the direct kernel ...
     i64 small_m_limit;   // ... when m is at most this
     bool thin_road;      // thin shapes go to the unpacked kernel instead of the blocked driver
-    BlockSizes block_sizes;
+    const BlockRule* blocks;
     TileChooser choose_tile;
     const GemmTile* tile;      // default tile
     const GemmTile* alt_tile;  // tile mode 16
-    GemmSmallKernel small;     // the direct, tiny and thin roads; null: the shared baseline kernel
+    GemmSmallKernel unpacked;  // one k-block read in place: the direct, tiny and thin roads and the fall-back
+    GemmRoutine fallback;      // the blocked driver's fall-back: unpacked_member of this path
 };
 
 // The descriptions of the builds (the compatible build shares the baseline's).

@@ -3,9 +3,13 @@
 // The wider paths route small shapes to the unpacked kernels by their own
 // limits and run the blocked driver with their own register tiles; the
 // 128-bit paths go almost straight to the blocked driver, whose 4 x 4 tile
-// already makes the most of their registers.
+// already makes the most of their registers. The paths whose tiles fuse the
+// multiply-add read A and B in place with a fused kernel of their own; the
+// others share the baseline's.
 #include "level3/gemm_blocking.h"
 #include "level3/gemm_path.h"
+#include "level3/gemm_route.h"
+#include "level3/gemm_unpacked.h"
 
 namespace orv {
 namespace {
@@ -26,20 +30,27 @@ void init_path_params(const GemmPath& path, KernelParams* params)
     params->choose_tile(params);
 }
 
-// name, routing, direct-kernel limits (q, m), thin road, blocks, chooser, tiles, small-road kernel
-const GemmPath kGemmPathAvx512 = {"avx512", GemmRouting::tiny_only, 0, 0, true, standard_block_sizes,
-                                  choose_avx512, &avx512::kGemmTile, &avx512::kGemmTileAlt, avx512::gemm_small};
-const GemmPath kGemmPathAvx512Qix = {"avx512_qix", GemmRouting::blocked_only, 0, 0, true, standard_block_sizes,
-                                     choose_avx512_qix, &avx512_qix::kGemmTile, &avx512_qix::kGemmTileAlt, nullptr};
-const GemmPath kGemmPathAvx2 = {"avx2", GemmRouting::small_and_tiny, 10, 100, true, standard_block_sizes,
-                                choose_avx2, &avx2::kGemmTile, &avx2::kGemmTileAlt, avx2::gemm_small};
-const GemmPath kGemmPathAvx = {"avx", GemmRouting::small_and_tiny, 9, 70, true, standard_block_sizes,
-                               choose_avx, &avx::kGemmTile, &avx::kGemmTileAlt, nullptr};
-const GemmPath kGemmPathMc3 = {"mc3", GemmRouting::tiny_only, 0, 0, false, standard_block_sizes, choose_mc3,
-                               &mc3::kGemmTile, &mc3::kGemmTileAlt, nullptr};
-const GemmPath kGemmPathMc = {"mc", GemmRouting::tiny_only, 0, 0, false, standard_block_sizes, choose_mc,
-                              &mc::kGemmTile, &mc::kGemmTileAlt, nullptr};
-const GemmPath kGemmPathDef = {"def", GemmRouting::combined, 0, 0, false, combined_block_sizes, choose_def,
-                               &def::kGemmTile, &def::kGemmTileAlt, nullptr};
+// name, routing, direct-kernel limits (q, m), thin road, blocks, chooser, tiles, unpacked kernel, fall-back
+const GemmPath kGemmPathAvx512 = {"avx512", GemmRouting::tiny_only, 0, 0, true, &kStandardBlocks,
+                                  choose_avx512, &avx512::kGemmTile, &avx512::kGemmTileAlt,
+                                  avx512::gemm_small, unpacked_member<kGemmPathAvx512>};
+const GemmPath kGemmPathAvx512Qix = {"avx512_qix", GemmRouting::blocked_only, 0, 0, true, &kStandardBlocks,
+                                     choose_avx512_qix, &avx512_qix::kGemmTile, &avx512_qix::kGemmTileAlt,
+                                     avx512_qix::gemm_small, unpacked_member<kGemmPathAvx512Qix>};
+const GemmPath kGemmPathAvx2 = {"avx2", GemmRouting::small_and_tiny, 10, 100, true, &kStandardBlocks,
+                                choose_avx2, &avx2::kGemmTile, &avx2::kGemmTileAlt,
+                                avx2::gemm_small, unpacked_member<kGemmPathAvx2>};
+const GemmPath kGemmPathAvx = {"avx", GemmRouting::small_and_tiny, 9, 70, true, &kStandardBlocks,
+                               choose_avx, &avx::kGemmTile, &avx::kGemmTileAlt,
+                               gemm_small_unfused, unpacked_member<kGemmPathAvx>};
+const GemmPath kGemmPathMc3 = {"mc3", GemmRouting::tiny_only, 0, 0, false, &kStandardBlocks,
+                               choose_mc3, &mc3::kGemmTile, &mc3::kGemmTileAlt,
+                               gemm_small_unfused, unpacked_member<kGemmPathMc3>};
+const GemmPath kGemmPathMc = {"mc", GemmRouting::tiny_only, 0, 0, false, &kStandardBlocks,
+                              choose_mc, &mc::kGemmTile, &mc::kGemmTileAlt,
+                              gemm_small_unfused, unpacked_member<kGemmPathMc>};
+const GemmPath kGemmPathDef = {"def", GemmRouting::combined, 0, 0, false, &kCombinedBlocks,
+                               choose_def, &def::kGemmTile, &def::kGemmTileAlt,
+                               gemm_small_unfused, unpacked_member<kGemmPathDef>};
 
 }  // namespace orv

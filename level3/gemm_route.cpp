@@ -3,7 +3,6 @@
 #include "level3/gemm_route.h"
 
 #include "level3/gemm_driver.h"
-#include "level3/gemm_unpacked.h"
 #include "service/elements.h"
 
 namespace orv {
@@ -77,41 +76,65 @@ GemmEvent small_and_tiny_road(const GemmPath& path, const GemmShape& s)
     return general_road(path, s);
 }
 
-// The path's own small kernel on a shape that reached it: alpha 0 or k 0
-// leave only the scaling by beta.
-void run_small(GemmSmallKernel kernel, const GemmShape& s, const double* a, i64 lda, const double* b, i64 ldb,
-               double beta, double* c, i64 ldc)
+// The unpacked product, inlined into the routing so that the smallest
+// products pay for one call only, into the kernel.
+[[gnu::always_inline]] inline void unpacked_product(const GemmPath& path, const GemmShape& s, const double* a,
+                                                    i64 lda, const double* b, i64 ldb, double* c, i64 ldc)
 {
+    if (s.m < 1 || s.n < 1) return;
     if (s.alpha == 0.0 || s.k < 1) {
-        scale_c(s.m, s.n, beta, c, ldc);
+        scale_c(s.m, s.n, s.beta, c, ldc);
         return;
     }
-    kernel(s.ta != 'N', s.tb != 'N', s.m, s.n, s.k, s.alpha, a, lda, b, ldb, beta, c, ldc);
+    const bool ta = s.ta != 'N', tb = s.tb != 'N';
+    // Most products that come this way are one k-block deep.
+    if (s.k <= path.blocks->whole_depth) {
+        path.unpacked(ta, tb, s.m, s.n, s.k, s.alpha, a, lda, b, ldb, s.beta, c, ldc);
+        return;
+    }
+    const DepthBlocks depths = path.blocks->depths(s.k, kTileDepthUnroll);
+    for (i64 l0 = 0, kb; l0 < s.k; l0 += kb) {
+        kb = block_depth(depths, s.k, l0);
+        path.unpacked(ta, tb, s.m, s.n, kb, s.alpha, ta ? a + l0 : a + l0 * lda, lda, tb ? b + l0 * ldb : b + l0,
+                      ldb, l0 == 0 ? s.beta : 1.0, c, ldc);
+    }
 }
 
 }  // namespace
 
+GemmShape gemm_shape(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k,
+                     const double* alpha, const double* beta)
+{
+    return {option_letter(transa), option_letter(transb), *m, *n, *k, *alpha, *beta};
+}
+
 GemmEvent choose_gemm_road(const GemmPath& path, const GemmShape& s) { return road_for(path, s); }
+
+void unpacked_dgemm(const GemmPath& path, const GemmShape& s, const double* a, i64 lda, const double* b, i64 ldb,
+                    double* c, i64 ldc)
+{
+    unpacked_product(path, s, a, lda, b, ldb, c, ldc);
+}
 
 void routed_dgemm(const GemmPath& path, const char* transa, const char* transb, const i64* m, const i64* n,
                   const i64* k, const double* alpha, const double* a, const i64* lda, const double* b,
                   const i64* ldb, const double* beta, double* c, const i64* ldc)
 {
-    const GemmShape shape{option_letter(transa), option_letter(transb), *m, *n, *k, *alpha, *beta};
+    const GemmShape shape = gemm_shape(transa, transb, m, n, k, alpha, beta);
     const GemmEvent road = road_for(path, shape);
     switch (road) {
     case GemmEvent::none:
         gemm_event(road);
         return;
     case GemmEvent::direct:
-        gemm_event(road);
-        if (path.small) run_small(path.small, shape, a, *lda, b, *ldb, shape.beta, c, *ldc);
-        else direct_small_dgemm(transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
-        return;
     case GemmEvent::tiny:
+    case GemmEvent::thin:
         gemm_event(road);
-        if (path.small) run_small(path.small, shape, a, *lda, b, *ldb, shape.beta, c, *ldc);
-        else tiny_dgemm(transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
+        unpacked_product(path, shape, a, *lda, b, *ldb, c, *ldc);
+        return;
+    case GemmEvent::scaled:
+        gemm_event(road);
+        scale_c(shape.m, shape.n, shape.beta, c, *ldc);
         return;
     default:
         break;
@@ -126,25 +149,13 @@ void routed_dgemm(const GemmPath& path, const char* transa, const char* transb, 
     GemmPlan plan;
     plan_gemm(path, op, da, db, params, &plan);
 
-    // Beta is folded into C once, here; everything after only adds.
+    // Beta is folded into C once, here; everything after only adds. The
+    // driver tells the observer whether it ran blocked or fell back.
     GemmOp added = op;
     if (added.beta != 1.0) {
         plan.scale(*m, *n, added.beta, c, *ldc);
         added.beta = 1.0;
     }
-    if (road == GemmEvent::scaled) {
-        gemm_event(road);
-        return;
-    }
-    if (road == GemmEvent::thin) {
-        gemm_event(road);
-        if (path.small)
-            run_small(path.small, shape, a, *lda, b, *ldb, added.beta, c, *ldc);
-        else
-            plan.fallback(transa, transb, m, n, k, alpha, a, lda, b, ldb, &added.beta, c, ldc);
-        return;
-    }
-    // The driver tells the observer whether it ran blocked or fell back.
     plan.driver(&added, &da, &db, &dc, nullptr, &plan);
 }
 

@@ -19,10 +19,20 @@ struct GemmShape {
     double beta;
 };
 
+// The shape of a call, from the arguments as the dispatched member receives them.
+GemmShape gemm_shape(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k,
+                     const double* alpha, const double* beta);
+
 // The road `path` takes for `shape`: none, direct, tiny, scaled (C scaled by
 // beta and nothing more), thin (the unpacked kernel) or blocked. Whether the
 // blocked driver then finds its buffer is decided only when it runs.
 GemmEvent choose_gemm_road(const GemmPath& path, const GemmShape& shape);
+
+// C := alpha * op(A) * op(B) + beta * C on `path`'s kernel that reads A and
+// B in place, one call for each of the path's k-blocks, beta acting in the
+// first: the direct, tiny and thin roads, and the blocked driver's fall-back.
+void unpacked_dgemm(const GemmPath& path, const GemmShape& shape, const double* a, i64 lda, const double* b,
+                    i64 ldb, double* c, i64 ldc);
 
 // C := alpha * op(A) * op(B) + beta * C on `path`, all arguments as the
 // dispatched member receives them.
@@ -39,6 +49,16 @@ void dgemm_member(const char* transa, const char* transb, const i64* m, const i6
                   const double* beta, double* c, const i64* ldc)
 {
     routed_dgemm(Path, transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
+}
+
+// The blocked driver's fall-back on `Path`: the unpacked product with the
+// thirteen arguments by address.
+template <const GemmPath& Path>
+void unpacked_member(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k,
+                     const double* alpha, const double* a, const i64* lda, const double* b, const i64* ldb,
+                     const double* beta, double* c, const i64* ldc)
+{
+    unpacked_dgemm(Path, gemm_shape(transa, transb, m, n, k, alpha, beta), a, *lda, b, *ldb, c, *ldc);
 }
 
 }  // namespace orv

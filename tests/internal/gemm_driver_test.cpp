@@ -52,10 +52,6 @@ orv::KernelParams params_for(int mr, int nr)
     return p;
 }
 
-const GemmPath* const kAllPaths[] = {&orv::kGemmPathAvx512, &orv::kGemmPathAvx512Qix, &orv::kGemmPathAvx2,
-                                     &orv::kGemmPathAvx,    &orv::kGemmPathMc3,       &orv::kGemmPathMc,
-                                     &orv::kGemmPathDef};
-
 // Whether this processor runs the kernels of `path` (the instruction sets its
 // kernel folder is compiled for).
 bool processor_runs(const GemmPath& path)
@@ -73,6 +69,20 @@ bool processor_runs(const GemmPath& path)
     if (name == "mc") return __builtin_cpu_supports("ssse3");
     return true;
 }
+
+// The dgemm member of each path.
+const struct {
+    const GemmPath* path;
+    orv::GemmRoutine member;
+} kMembers[] = {
+    {&orv::kGemmPathAvx512, orv::dgemm_member<orv::kGemmPathAvx512>},
+    {&orv::kGemmPathAvx512Qix, orv::dgemm_member<orv::kGemmPathAvx512Qix>},
+    {&orv::kGemmPathAvx2, orv::dgemm_member<orv::kGemmPathAvx2>},
+    {&orv::kGemmPathAvx, orv::dgemm_member<orv::kGemmPathAvx>},
+    {&orv::kGemmPathMc3, orv::dgemm_member<orv::kGemmPathMc3>},
+    {&orv::kGemmPathMc, orv::dgemm_member<orv::kGemmPathMc>},
+    {&orv::kGemmPathDef, orv::dgemm_member<orv::kGemmPathDef>},
+};
 
 // Every event of the products since the last clear; a withheld buffer on request.
 std::vector<GemmEvent> g_events;
@@ -258,6 +268,29 @@ TEST(GemmBlocks, DepthsCoverTheInnerDimension)
     }
 }
 
+// The k-blocks of a rule, which every road of a path takes: the unpacked
+// roads ask the rule only above its whole depth, and the fused unpacked
+// kernels hold at most 256 values of k.
+TEST(GemmBlocks, EveryRoadCanTakeTheRulesDepths)
+{
+    const orv::KernelParams params = params_for(12, 4);
+    for (const orv::BlockRule* rule : {&orv::kStandardBlocks, &orv::kCombinedBlocks}) {
+        for (i64 k = 1; k <= 2000; ++k) {
+            const orv::DepthBlocks depths = rule->depths(k, orv::kTileDepthUnroll);
+            orv::BlockPlan plan;
+            rule->sizes(50, 50, k, &params, &plan);
+            ASSERT_EQ(plan.kc, depths.kc) << "k=" << k;
+            ASSERT_EQ(plan.depth_capacity, depths.capacity) << "k=" << k;
+            ASSERT_EQ(orv::block_depth(depths, k, 0) == k, k <= rule->whole_depth) << "k=" << k;
+            if (rule != &orv::kStandardBlocks) continue;
+            for (i64 l0 = 0, kb; l0 < k; l0 += kb) {
+                kb = orv::block_depth(depths, k, l0);
+                ASSERT_LE(kb, 256) << "k=" << k;
+            }
+        }
+    }
+}
+
 TEST(GemmTile, ChooserSettlesTheTileOfTheMode)
 {
     const orv::GemmTile& standard = orv::avx2::kGemmTile;
@@ -371,18 +404,6 @@ TEST(GemmRouting, RoadOfEveryPath)
 // Each member takes the road the routing names, and computes the product on it.
 TEST(GemmRouting, MembersTakeTheirRoad)
 {
-    using Member = void (*)(const char*, const char*, const i64*, const i64*, const i64*, const double*,
-                            const double*, const i64*, const double*, const i64*, const double*, double*,
-                            const i64*);
-    const struct {
-        const GemmPath* path;
-        Member member;
-    } members[] = {
-        {&orv::kGemmPathAvx512, orv::dgemm_member<orv::kGemmPathAvx512>}, {&orv::kGemmPathAvx512Qix, orv::dgemm_member<orv::kGemmPathAvx512Qix>},
-        {&orv::kGemmPathAvx2, orv::dgemm_member<orv::kGemmPathAvx2>},     {&orv::kGemmPathAvx, orv::dgemm_member<orv::kGemmPathAvx>},
-        {&orv::kGemmPathMc3, orv::dgemm_member<orv::kGemmPathMc3>},       {&orv::kGemmPathMc, orv::dgemm_member<orv::kGemmPathMc>},
-        {&orv::kGemmPathDef, orv::dgemm_member<orv::kGemmPathDef>},
-    };
     const struct {
         char ta, tb;
         i64 m, n, k;
@@ -392,7 +413,7 @@ TEST(GemmRouting, MembersTakeTheirRoad)
         {'N', 'T', 30, 30, 6, -2, 1}, {'T', 'N', 7, 300, 200, 1, 1}, {'n', 't', 200, 3, 150, 1, 0.5},
         {'C', 'c', 50, 37, 70, 0.5, 0}, {'N', 'N', 25, 25, 25, 0, 0.5},
     };
-    for (const auto& member : members) {
+    for (const auto& member : kMembers) {
         if (!processor_runs(*member.path)) continue;
         for (const auto& s : shapes) {
             Product p(s.ta, s.tb, s.m, s.n, s.k, s.alpha, s.beta, std::uint64_t(s.m * 31 + s.n));
@@ -512,7 +533,7 @@ TEST(GemmDriver, EveryTileComputesTheProduct)
         {'N', 'T', 37, 29, 50, 1, 0.5},  {'T', 'T', 61, 30, 40, 0.5, 0},   {'N', 'N', 100, 61, 300, 1, 0},
         {'C', 'N', 25, 33, 130, 1, -1},  {'N', 'N', 30, 20, 0, 1, 0.5},    {'N', 'N', 30, 20, 10, 0, 0},
     };
-    for (const GemmPath* path : kAllPaths) {
+    for (const auto& [path, member] : kMembers) {
         if (!processor_runs(*path)) continue;
         for (const int tile_mode : {0, orv::kTileModeAlternative})
             for (const bool small_blocks : {false, true})
@@ -525,35 +546,95 @@ TEST(GemmDriver, EveryTileComputesTheProduct)
     }
 }
 
-// Without a buffer the driver still computes the whole product, unpacked.
+// Values that use all 53 bits, for products whose roads must agree bit for
+// bit: another order of the sums or another rounding would show.
+Product full_product(char ta, char tb, i64 m, i64 n, i64 k, double alpha, double beta, std::uint64_t seed)
+{
+    Product p(ta, tb, m, n, k, alpha, beta, seed);
+    Rng rng(seed + 1);
+    for (double& x : p.a) x = rng.full();
+    for (double& x : p.b) x = rng.full();
+    if (beta != 0.0)
+        for (double& x : p.c) x = rng.full();
+    return p;
+}
+
+::testing::AssertionResult same_c(const Product& got, const Product& want)
+{
+    for (std::size_t i = 0; i < got.c.size(); ++i)
+        if (!orvtest::same_bits(got.c[i], want.c[i]))
+            return ::testing::AssertionFailure() << "element " << i << " (row " << i % got.ldc << ", column "
+                                                 << i / got.ldc << ") is " << got.c[i] << ", want " << want.c[i];
+    return ::testing::AssertionSuccess();
+}
+
+const struct {
+    char ta, tb;
+    i64 m, n, k;
+    double alpha, beta;
+} kFullShapes[] = {
+    {'N', 'N', 40, 30, 300, 0.3, 1},  {'T', 'T', 50, 37, 441, -1, 0.5}, {'N', 'T', 61, 29, 100, 1, 0},
+    {'T', 'N', 33, 45, 257, 0.3, -1}, {'C', 'N', 25, 9, 577, 1, 1},     {'N', 'C', 45, 28, 31, -1, 0},
+};
+
+// The blocked road's elements do not depend on its register tile: the
+// default and the alternative tile give the same bits.
+TEST(GemmDriver, BothTilesGiveTheSameBits)
+{
+    for (const auto& [path, member] : kMembers) {
+        if (!processor_runs(*path)) continue;
+        for (const auto& s : kFullShapes) {
+            Product standard = full_product(s.ta, s.tb, s.m, s.n, s.k, s.alpha, s.beta, std::uint64_t(s.m * s.k));
+            Product alternative = standard;
+            run_driver(*path, 0, standard, false);
+            run_driver(*path, orv::kTileModeAlternative, alternative, false);
+            EXPECT_TRUE(same_c(alternative, standard)) << path->name << " " << standard.describe();
+        }
+    }
+}
+
+// Without a buffer the driver still computes the whole product, unpacked,
+// and every element gets the bits the blocked road gives it: from the
+// driver, from the path's member, and from the fall-back routine itself.
 TEST(GemmDriver, FallsBackWithoutABuffer)
 {
-    const GemmPath& path = orv::kGemmPathDef;
-    for (const double beta : {0.0, 1.0, 0.5}) {
-        Product p('T', 'N', 40, 30, 300, 0.5, beta, 99);
-        {
-            Observe observe(true);
-            run_driver(path, 0, p, false);
-            EXPECT_EQ(last_road(), GemmEvent::fallback);
+    const auto call = [](orv::GemmRoutine routine, Product& p) {
+        routine(&p.ta, &p.tb, &p.m, &p.n, &p.k, &p.alpha, p.a.data(), &p.lda, p.b.data(), &p.ldb, &p.beta,
+                p.c.data(), &p.ldc);
+    };
+    for (const auto& [path, member] : kMembers) {
+        if (!processor_runs(*path)) continue;
+        for (const auto& s : kFullShapes) {
+            const Product base = full_product(s.ta, s.tb, s.m, s.n, s.k, s.alpha, s.beta, std::uint64_t(s.n + s.k));
+            const std::string what = std::string(path->name) + " " + base.describe();
+            Product blocked = base, refused = base, member_blocked = base, member_refused = base, routine = base;
+            {
+                Observe observe(false);
+                run_driver(*path, 0, blocked, false);
+                EXPECT_EQ(last_road(), GemmEvent::blocked) << what;
+                call(member, member_blocked);
+                EXPECT_EQ(last_road(), GemmEvent::blocked) << what;
+            }
+            {
+                Observe observe(true);
+                run_driver(*path, 0, refused, false);
+                EXPECT_EQ(last_road(), GemmEvent::fallback) << what;
+                call(member, member_refused);
+                EXPECT_EQ(last_road(), GemmEvent::fallback) << what;
+            }
+            call(path->fallback, routine);
+            EXPECT_TRUE(same_c(refused, blocked)) << "driver " << what;
+            EXPECT_TRUE(same_c(member_blocked, blocked)) << "member " << what;
+            EXPECT_TRUE(same_c(member_refused, blocked)) << "member's fall-back " << what;
+            EXPECT_TRUE(same_c(routine, blocked)) << "fall-back routine " << what;
         }
-        EXPECT_TRUE(p.matches()) << "fall-back " << p.describe();
-
-        // The same through the member: scaled first, then the fall-back.
-        Product q('N', 'T', 40, 30, 300, 0.5, beta, 99);
-        {
-            Observe observe(true);
-            orv::dgemm_member<orv::kGemmPathDef>(&q.ta, &q.tb, &q.m, &q.n, &q.k, &q.alpha, q.a.data(), &q.lda, q.b.data(), &q.ldb,
-                           &q.beta, q.c.data(), &q.ldc);
-            EXPECT_EQ(last_road(), GemmEvent::fallback);
-        }
-        EXPECT_TRUE(q.matches()) << "member fall-back " << q.describe();
     }
-    // With the buffer the same product is blocked.
-    Product p('N', 'N', 40, 30, 300, 0.5, 0.0, 98);
-    Observe observe(false);
-    run_driver(path, 0, p, false);
-    EXPECT_EQ(last_road(), GemmEvent::blocked);
-    EXPECT_TRUE(p.matches());
+    // Coarse values: the fall-back computes the exact product.
+    Product p('T', 'N', 40, 30, 300, 0.5, 0.5, 99);
+    Observe observe(true);
+    call(orv::dgemm_member<orv::kGemmPathDef>, p);
+    EXPECT_EQ(last_road(), GemmEvent::fallback);
+    EXPECT_TRUE(p.matches()) << "member fall-back " << p.describe();
 }
 
 }  // namespace

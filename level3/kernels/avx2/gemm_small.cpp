@@ -1,5 +1,5 @@
 // The small-product kernel of the avx2 path: 256-bit fused multiply-adds on
-// tiles of up to 12 x 4, A and B read in place.
+// tiles of up to twelve accumulators, A and B read in place.
 #include <immintrin.h>
 
 #include "level3/kernels/gemm_small.h"
