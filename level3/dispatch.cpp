@@ -26,24 +26,26 @@ constexpr Level3Kernels kPlain = {
     .ztrsm = cnr::ztrsm,
 };
 
-// The plain members, with the real product that a build has of its own.
-constexpr Level3Kernels with_dgemm(decltype(&cnr::dgemm) dgemm)
+// The plain members, with the products that a build has of its own.
+template <const GemmPath& Path>
+constexpr Level3Kernels on_path()
 {
     Level3Kernels table = kPlain;
-    table.dgemm = dgemm;
+    table.dgemm = dgemm_member<Path>;
+    table.zgemm = zgemm_member<Path>;
     return table;
 }
 
-constexpr Level3Kernels kAvx512 = with_dgemm(dgemm_member<kGemmPathAvx512>);
-constexpr Level3Kernels kAvx512Qix = with_dgemm(dgemm_member<kGemmPathAvx512Qix>);
-constexpr Level3Kernels kAvx2 = with_dgemm(dgemm_member<kGemmPathAvx2>);
-constexpr Level3Kernels kAvx = with_dgemm(dgemm_member<kGemmPathAvx>);
-constexpr Level3Kernels kMc3 = with_dgemm(dgemm_member<kGemmPathMc3>);
-constexpr Level3Kernels kMc = with_dgemm(dgemm_member<kGemmPathMc>);
-constexpr Level3Kernels kDef = with_dgemm(dgemm_member<kGemmPathDef>);
-// The baseline's product already gives the same bits on every processor and
-// wherever the arrays lie, so the reproducible build shares it.
-constexpr Level3Kernels kCnr = with_dgemm(dgemm_member<kGemmPathDef>);
+constexpr Level3Kernels kAvx512 = on_path<kGemmPathAvx512>();
+constexpr Level3Kernels kAvx512Qix = on_path<kGemmPathAvx512Qix>();
+constexpr Level3Kernels kAvx2 = on_path<kGemmPathAvx2>();
+constexpr Level3Kernels kAvx = on_path<kGemmPathAvx>();
+constexpr Level3Kernels kMc3 = on_path<kGemmPathMc3>();
+constexpr Level3Kernels kMc = on_path<kGemmPathMc>();
+constexpr Level3Kernels kDef = on_path<kGemmPathDef>();
+// The baseline's products already give the same bits on every processor and
+// wherever the arrays lie, so the reproducible build shares them.
+constexpr Level3Kernels kCnr = on_path<kGemmPathDef>();
 
 }  // namespace
 

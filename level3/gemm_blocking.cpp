@@ -22,7 +22,6 @@ constexpr i64 kSlackBytes = 1664;
 constexpr i64 kHugePage = 2097152;
 constexpr i64 kBOffset = 768;
 constexpr i64 kPage = 4096;
-constexpr i64 kViewReserved = 128;
 
 // A remainder of at most a quarter of a block joins the last block: a short
 // block pays the loads and stores of C for little work.
@@ -45,33 +44,26 @@ void lay_out(i64 mc, i64 nc, DepthBlocks depths, const KernelParams* params, Blo
     plan->nc = nc;
     plan->kc = depths.kc;
     plan->depth_capacity = depths.capacity;
-    plan->slack_bytes = kSlackBytes;
-    plan->huge_page = kHugePage;
-    plan->b_offset = kBOffset;
-    plan->page = kPage;
-    plan->cached = 1;
-    plan->loop_variant = params->tile_mode == 4 ? 2 : 3;
+    plan->elem_bytes = params->elem_bytes;
     plan->acquire = acquire_buffer;
-    plan->acquire_second = nullptr;
     plan->release = release_buffer;
-    plan->a = PackedView{mc, plan->depth_capacity, params->mr, params->mr * kcr, kViewReserved, nullptr};
+    plan->a = PackedView{mc, plan->depth_capacity, params->mr, params->mr * kcr, nullptr};
     // A tile that reads B values in pairs needs the packed B block twice as wide.
     const i64 copies = params->b_copies;
-    plan->b = PackedView{plan->depth_capacity, nc * copies, params->nr * copies, params->nr * copies * kcr,
-                         kViewReserved, nullptr};
+    plan->b = PackedView{plan->depth_capacity, nc * copies, params->nr * copies, params->nr * copies * kcr, nullptr};
     plan->buffer = nullptr;
 }
 
 }  // namespace
 
-void init_kernel_params(KernelParams* p, const GemmTile& tile, TileChooser chooser)
+void init_kernel_params(KernelParams* p, const GemmTile& tile, TileChooser chooser, i64 elem_bytes)
 {
     *p = KernelParams{};
     p->mr = tile.mr;
     p->nr = tile.nr;
     p->ku = kTileDepthUnroll;
     p->b_copies = tile.b_copies;
-    p->alignment = 4;
+    p->elem_bytes = elem_bytes;
     p->choose_tile = chooser;
 }
 
@@ -85,11 +77,10 @@ int settle_tile(KernelParams* p, const GemmTile& standard, const GemmTile& alter
         if (p->loop_order == 0) p->loop_order = kLoopOrderDefault;
         if (p->tile_mode == 0) p->tile_mode = kTileModeDefault;
     }
-    if (p->alignment == 0) p->alignment = 4;
     const bool held = p->mr == tile.mr && p->nr == tile.nr && p->ku == kTileDepthUnroll;
-    p->mr = p->chosen_mr = tile.mr;
-    p->nr = p->chosen_nr = tile.nr;
-    p->ku = p->chosen_ku = kTileDepthUnroll;
+    p->mr = tile.mr;
+    p->nr = tile.nr;
+    p->ku = kTileDepthUnroll;
     p->b_copies = tile.b_copies;
     return held ? 1 : 0;
 }
@@ -116,13 +107,13 @@ const BlockRule kCombinedBlocks = {combined_block_sizes, combined_depths, 320};
 
 i64 packed_b_offset_bytes(const BlockPlan& plan)
 {
-    return round_up(plan.a.rows * plan.a.cols * 8, plan.page) + plan.b_offset;
+    return round_up(plan.a.rows * plan.a.cols * plan.elem_bytes, kPage) + kBOffset;
 }
 
 i64 buffer_bytes(const BlockPlan& plan)
 {
-    const i64 bytes = packed_b_offset_bytes(plan) + plan.b.rows * plan.b.cols * 8 + plan.slack_bytes;
-    return round_up(bytes, bytes >= plan.huge_page ? plan.huge_page : plan.page);
+    const i64 bytes = packed_b_offset_bytes(plan) + plan.b.rows * plan.b.cols * plan.elem_bytes + kSlackBytes;
+    return round_up(bytes, bytes >= kHugePage ? kHugePage : kPage);
 }
 
 void acquire_buffer(BlockPlan* plan)
@@ -132,12 +123,11 @@ void acquire_buffer(BlockPlan* plan)
     plan->b.data = nullptr;
     if (gemm_event(GemmEvent::buffer_request)) return;
     const auto bytes = static_cast<std::size_t>(buffer_bytes(*plan));
-    const int alignment = static_cast<int>(plan->page);
-    void* p = plan->cached ? orv_malloc(bytes, alignment) : orv_malloc_uncached(bytes, alignment);
-    if (alloc_failed(p, "DGEMM")) return;
+    void* p = orv_malloc(bytes, static_cast<int>(kPage));
+    if (alloc_failed(p, plan->elem_bytes == 8 ? "DGEMM" : "ZGEMM")) return;
     plan->buffer = p;
-    plan->a.data = static_cast<double*>(p);
-    plan->b.data = reinterpret_cast<double*>(static_cast<char*>(p) + packed_b_offset_bytes(*plan));
+    plan->a.data = p;
+    plan->b.data = static_cast<char*>(p) + packed_b_offset_bytes(*plan);
 }
 
 void release_buffer(BlockPlan* plan)

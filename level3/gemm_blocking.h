@@ -9,13 +9,13 @@ namespace orv {
 // Every tile takes k one step at a time, so packed panels may have any depth.
 inline constexpr i64 kTileDepthUnroll = 1;
 
-// A fresh record for `tile` (ku 1), with the path's chooser; loop order,
-// tile mode and the chosen copies are left for the chooser.
-void init_kernel_params(KernelParams* p, const GemmTile& tile, TileChooser chooser);
+// A fresh record for `tile` (ku 1) of elements of elem_bytes, with the path's
+// chooser; loop order and tile mode are left for the chooser.
+void init_kernel_params(KernelParams* p, const GemmTile& tile, TileChooser chooser, i64 elem_bytes);
 
 // The chooser of a path with default tile `standard` and `alternative`: tile
 // mode 16 takes the alternative and loop order 4; otherwise the default, and
-// a zero loop order or tile mode becomes 2. A zero alignment becomes 4.
+// a zero loop order or tile mode becomes 2.
 // Returns 1 when the record already held the tile, 0 when it was corrected.
 int settle_tile(KernelParams* p, const GemmTile& standard, const GemmTile& alternative);
 

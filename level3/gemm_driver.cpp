@@ -2,50 +2,50 @@
 #include "level3/gemm_driver.h"
 
 #include "level3/gemm_blocking.h"
+#include "level3/gemm_path.h"
 #include "level3/gemm_observer.h"
 #include "level3/gemm_pack.h"
+#include "service/elements.h"
 
 namespace orv {
 
-void scale_c(i64 m, i64 n, double beta, double* c, i64 ldc)
+template <class T>
+void scale_c(i64 m, i64 n, T beta, T* c, i64 ldc)
 {
-    if (beta == 1.0) return;
+    if (is_one(beta)) return;
     for (i64 j = 0; j < n; ++j) {
-        double* cj = c + j * ldc;
-        if (beta == 0.0) {
-            for (i64 i = 0; i < m; ++i) cj[i] = 0.0;
+        T* cj = c + j * ldc;
+        if (is_zero(beta)) {
+            for (i64 i = 0; i < m; ++i) cj[i] = T{};
         } else {
             for (i64 i = 0; i < m; ++i) cj[i] = beta * cj[i];
         }
     }
 }
 
-void run_block(const GemmTile* tile, i64 m, i64 n, i64 k, const double* a, const double* b, double* c, i64 ldc,
-               double beta)
+template <class T>
+void run_block(const BlockTask<T>& t)
 {
-    const GemmMicroKernel kernel = beta == 0.0 ? tile->store : tile->accumulate;
-    kernel(&m, &n, &k, a, b, c, &ldc);
+    const GemmMicroKernel kernel = t.store ? t.tile->store : t.tile->accumulate;
+    kernel(&t.h, &t.w, &t.k, reinterpret_cast<const double*>(t.a), reinterpret_cast<const double*>(t.b),
+           reinterpret_cast<double*>(t.c), &t.ldc);
 }
 
-void plan_gemm(const GemmPath& path, const GemmOp& op, const MatrixDesc& a, const MatrixDesc& b,
-               const KernelParams& params, GemmPlan* plan)
+template <class T>
+GemmPlan<T> plan_product(const GemmPath& path, const KernelParams& params, const GemmTile* tile,
+                         FallbackRoutine<T> fallback)
 {
-    *plan = GemmPlan{};
-    plan->thin_rows = 8;
-    plan->thin_cols = 4;
-    plan->reserved_word = 4;
-    // Other modes belong to the routines that reuse the driver with packers of their own.
-    (void)op;
-    plan->pack_a = reads_transposed(a) ? pack_a_transposed : pack_a_plain;
-    if (params.b_copies == 2) plan->pack_b = reads_transposed(b) ? pack_b_transposed_doubled : pack_b_plain_doubled;
-    else plan->pack_b = reads_transposed(b) ? pack_b_transposed : pack_b_plain;
-    plan->block = run_block;
-    plan->scale = scale_c;
-    plan->driver = blocked_driver;
-    plan->fallback = path.fallback;
-    plan->params = params;
-    plan->tile = params.tile_mode == kTileModeAlternative ? path.alt_tile : path.tile;
-    plan->block_sizes = path.blocks->sizes;
+    GemmPlan<T> plan{};
+    plan.path = &path;
+    plan.pack_a = pack_a<T>;
+    plan.pack_b = params.b_copies == 2 ? pack_b_doubled<T> : pack_b<T>;
+    plan.block = run_block<T>;
+    plan.scale = scale_c<T>;
+    plan.fallback = fallback;
+    plan.params = params;
+    plan.tile = tile;
+    plan.block_sizes = path.blocks->sizes;
+    return plan;
 }
 
 namespace {
@@ -60,34 +60,45 @@ constexpr i64 kPackAheadRows = 96;
 // The loop nest over one buffer. A panels are packed on their first use in a
 // k-block, a group at a time, and reused by the later column slices of that
 // k-block.
-void blocked_loops(const GemmOp& op, const MatrixDesc& a, const MatrixDesc& b, const MatrixDesc& c,
-                   const BlockPlan& blocks, const GemmPlan& plan, double beta)
+template <class T>
+void blocked_loops(const GemmOp<T>& op, const MatrixDesc<T>& a, const MatrixDesc<T>& b, const MatrixDesc<T>& c,
+                   const BlockPlan& blocks, const GemmPlan<T>& plan, bool store_first)
 {
     const i64 m = c.rows, n = c.cols, k = a.cols;
     const i64 mr = plan.params.mr, nr = plan.params.nr;
-    double* const packed_a = blocks.a.data;
-    double* const packed_b = blocks.b.data;
+    T* const packed_a = static_cast<T*>(blocks.a.data);
+    T* const packed_b = static_cast<T*>(blocks.b.data);
+    BlockTask<T> task{};
+    task.tile = plan.tile;
+    task.ldc = c.ld;
+    task.b = packed_b;
     for (i64 i0 = 0; i0 < m; i0 += blocks.mc) {
         const i64 mb = min_of(blocks.mc, m - i0);
         for (i64 l0 = 0; l0 < k;) {
             const i64 kb = block_depth(blocks, k, l0);
             // Beta belongs to the first k-block; the later ones add to it.
-            const double block_beta = l0 == 0 ? beta : 1.0;
+            task.store = store_first && l0 == 0;
+            task.l = l0;
+            task.k = kb;
             i64 packed_rows = 0;
             for (i64 j0 = 0; j0 < n; j0 += blocks.nc) {
                 const i64 nb = min_of(blocks.nc, n - j0);
                 plan.pack_b(&b, l0, kb, j0, nb, nr, packed_b);
+                task.j = j0;
+                task.w = nb;
                 for (i64 ip = 0; ip < mb; ip += mr) {
-                    const i64 h = min_of(mr, mb - ip);
-                    double* panel = packed_a + ip * kb;
+                    T* panel = packed_a + ip * kb;
                     if (ip >= packed_rows) {
                         const i64 group = (kPackAheadRows + mr - 1) / mr * mr;
                         const i64 rows = min_of(group, mb - ip);
                         plan.pack_a(&a, i0 + ip, rows, l0, kb, op.alpha, mr, panel);
                         packed_rows = ip + rows;
                     }
-                    plan.block(plan.tile, h, nb, kb, panel, packed_b, c.elem_addr(i0 + ip, j0, &c), c.ld,
-                               block_beta);
+                    task.i = i0 + ip;
+                    task.h = min_of(mr, mb - ip);
+                    task.a = panel;
+                    task.c = c.elem_addr(i0 + ip, j0, &c);
+                    plan.block(task);
                 }
             }
             l0 += kb;
@@ -97,24 +108,25 @@ void blocked_loops(const GemmOp& op, const MatrixDesc& a, const MatrixDesc& b, c
 
 }  // namespace
 
-void blocked_driver(const GemmOp* op, const MatrixDesc* a, const MatrixDesc* b, const MatrixDesc* c,
-                    const BlockPlan* caller_plan, const GemmPlan* plan)
+template <class T>
+void blocked_driver(const GemmOp<T>* op, const MatrixDesc<T>* a, const MatrixDesc<T>* b, const MatrixDesc<T>* c,
+                    const BlockPlan* caller_plan, const GemmPlan<T>* plan)
 {
-    i64 m = c->rows, n = c->cols, k = a->cols;
+    const i64 m = c->rows, n = c->cols, k = a->cols;
     if (m < 1 || n < 1) return;
-    double beta = op->beta;
-    double* c0 = c->elem_addr(0, 0, c);
+    T beta = op->beta;
+    T* c0 = c->elem_addr(0, 0, c);
     if (k == 0) {
         plan->scale(m, n, beta, c0, c->ld);
         return;
     }
     // From here on beta is 0 (the first k-block stores) or 1 (every block adds).
-    if (beta != 1.0 && beta != 0.0) {
+    if (!is_one(beta) && !is_zero(beta)) {
         plan->scale(m, n, beta, c0, c->ld);
-        beta = 1.0;
+        beta = one_of<T>();
     }
-    if (op->alpha == 0.0) {
-        if (beta == 0.0) plan->scale(m, n, beta, c0, c->ld);
+    if (is_zero(op->alpha)) {
+        if (is_zero(beta)) plan->scale(m, n, beta, c0, c->ld);
         return;
     }
 
@@ -128,13 +140,26 @@ void blocked_driver(const GemmOp* op, const MatrixDesc* a, const MatrixDesc* b, 
     if (blocks.buffer == nullptr) {
         // No memory for the packed panels: the product is still due.
         gemm_event(GemmEvent::fallback);
-        plan->fallback(op->transa, op->transb, &m, &n, &k, &op->alpha, a->elem_addr(0, 0, a), &a->ld,
-                       b->elem_addr(0, 0, b), &b->ld, &beta, c0, &c->ld);
+        plan->fallback(GemmOp<T>{op->alpha, beta}, *a, *b, *c, *plan);
         return;
     }
     gemm_event(GemmEvent::blocked);
-    blocked_loops(*op, *a, *b, *c, blocks, *plan, beta);
+    blocked_loops(*op, *a, *b, *c, blocks, *plan, is_zero(beta));
     if (caller_plan == nullptr) blocks.release(&blocks);
 }
+
+template void scale_c<double>(i64, i64, double, double*, i64);
+template void scale_c<dcomplex>(i64, i64, dcomplex, dcomplex*, i64);
+template void run_block<double>(const BlockTask<double>&);
+template void run_block<dcomplex>(const BlockTask<dcomplex>&);
+template GemmPlan<double> plan_product<double>(const GemmPath&, const KernelParams&, const GemmTile*,
+                                               FallbackRoutine<double>);
+template GemmPlan<dcomplex> plan_product<dcomplex>(const GemmPath&, const KernelParams&, const GemmTile*,
+                                                   FallbackRoutine<dcomplex>);
+template void blocked_driver<double>(const GemmOp<double>*, const MatrixDesc<double>*, const MatrixDesc<double>*,
+                                     const MatrixDesc<double>*, const BlockPlan*, const GemmPlan<double>*);
+template void blocked_driver<dcomplex>(const GemmOp<dcomplex>*, const MatrixDesc<dcomplex>*,
+                                       const MatrixDesc<dcomplex>*, const MatrixDesc<dcomplex>*, const BlockPlan*,
+                                       const GemmPlan<dcomplex>*);
 
 }  // namespace orv

@@ -9,6 +9,8 @@
 
 #include <emmintrin.h>
 
+#include "service/elements.h"
+
 namespace orv {
 
 i64 next_panel_width(i64 remaining, i64 full)
@@ -20,6 +22,21 @@ i64 next_panel_width(i64 remaining, i64 full)
 }
 
 namespace {
+
+// One packed value: a real value, or a complex value's two parts, each
+// written Copies times in a row.
+template <int Copies>
+inline void put_value(double* d, double x)
+{
+    d[0] = x;
+    if constexpr (Copies == 2) d[1] = x;
+}
+template <int Copies>
+inline void put_value(double* d, dcomplex x)
+{
+    put_value<Copies>(d, x.re);
+    put_value<Copies>(d + Copies, x.im);
+}
 
 // How far ahead the source is asked for: its lines are a leading dimension
 // apart, too far for the hardware to guess, and each is a fresh miss, so the
@@ -195,40 +212,244 @@ void pack_panels(i64 count, i64 full, i64 ld, i64 depth, double factor, int copi
     }
 }
 
+// ---- Complex gathers -------------------------------------------------------
+//
+// A complex panel of w elements per step: dst holds, step after step, the w
+// elements' two parts (each written Copies times), every element factor *
+// x(l, r) with x conjugated when Conj is set. The element of step l, line r
+// lies at src[l * step + r * line]. A factor of exactly one is not
+// multiplied in: (1, 0) times an infinite part would make a NaN of the other.
+template <bool Conj, int Copies>
+void gather_complex(const dcomplex* src, i64 step, i64 line, i64 w, i64 depth, dcomplex factor, double* dst)
+{
+    const bool scale = !is_one(factor);
+    for (i64 l = 0; l < depth; ++l) {
+        const dcomplex* s = src + l * step;
+        double* d = dst + l * w * 2 * Copies;
+        for (i64 r = 0; r < w; ++r) {
+            dcomplex x = s[r * line];
+            if constexpr (Conj) x = conj(x);
+            if (scale) x = factor * x;
+            put_value<Copies>(d + r * 2 * Copies, x);
+        }
+    }
+}
+
+template <int Copies>
+void pack_complex_panels(const MatrixDesc<dcomplex>& x, bool step_adjacent, i64 count, i64 full, i64 depth,
+                         dcomplex factor, double* dst, const dcomplex* first, i64 line_stride)
+{
+    const bool conjugate = (x.kind & kStoredConjugated) != 0;
+    const i64 step = step_adjacent ? x.ld : 1;
+    const i64 line = step_adjacent ? 1 : x.ld;
+    for (i64 r = 0; r < count;) {
+        const i64 w = next_panel_width(count - r, full);
+        const dcomplex* src = first + r * line_stride;
+        double* d = dst + r * depth * 2 * Copies;
+        if (conjugate) gather_complex<true, Copies>(src, step, line, w, depth, factor, d);
+        else gather_complex<false, Copies>(src, step, line, w, depth, factor, d);
+        r += w;
+    }
+}
+
+// ---- General operands ------------------------------------------------------
+
+template <int Copies>
+void pack_general_a(const MatrixDesc<double>& a, i64 i0, i64 rows, i64 l0, i64 depth, double alpha, i64 mr,
+                    double* dst)
+{
+    const auto source = [&](i64 r) { return a.elem_addr(i0 + r, l0, &a); };
+    if (reads_transposed(a)) pack_panels<Lines<Copies>>(rows, mr, a.ld, depth, alpha, Copies, dst, source);
+    else pack_panels<Adjacent<Copies>>(rows, mr, a.ld, depth, alpha, Copies, dst, source);
+}
+
+template <int Copies>
+void pack_general_a(const MatrixDesc<dcomplex>& a, i64 i0, i64 rows, i64 l0, i64 depth, dcomplex alpha, i64 mr,
+                    dcomplex* dst)
+{
+    // op(A) as is holds a step's rows side by side; transposed, each row runs along the depth.
+    const bool as_is = !reads_transposed(a);
+    pack_complex_panels<Copies>(a, as_is, rows, mr, depth, alpha, reinterpret_cast<double*>(dst),
+                                a.elem_addr(i0, l0, &a), as_is ? 1 : a.ld);
+}
+
+template <int Copies>
+void pack_general_b(const MatrixDesc<double>& b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, double* dst)
+{
+    const auto source = [&](i64 c) { return b.elem_addr(l0, j0 + c, &b); };
+    if (reads_transposed(b)) pack_panels<Adjacent<Copies>>(cols, nr, b.ld, depth, 1.0, Copies, dst, source);
+    else pack_panels<Lines<Copies>>(cols, nr, b.ld, depth, 1.0, Copies, dst, source);
+}
+
+template <int Copies>
+void pack_general_b(const MatrixDesc<dcomplex>& b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, dcomplex* dst)
+{
+    // op(B) transposed holds a step's columns side by side; as is, each column runs along the depth.
+    const bool transposed = reads_transposed(b);
+    pack_complex_panels<Copies>(b, transposed, cols, nr, depth, dcomplex{1.0, 0.0}, reinterpret_cast<double*>(dst),
+                                b.elem_addr(l0, j0, &b), transposed ? 1 : b.ld);
+}
+
+// ---- Shaped operands -------------------------------------------------------
+//
+// A panel that lies wholly on one side of the diagonal of op(X) reads a
+// general view of X (the stored triangle, or its mirror) or is zero; only the
+// panels that the diagonal crosses are packed element by element.
+
+// Element (i, j) of op(X) for a shaped X.
+template <class T>
+T shaped_value(const MatrixDesc<T>& x, i64 i, i64 j)
+{
+    const bool upper = (x.kind & kUpperStored) != 0;
+    const T* base = x.base;
+    const i64 ld = x.ld;
+    if (x.kind & (kSymmetric | kHermitian)) {
+        const bool herm = (x.kind & kHermitian) != 0;
+        if (i == j) {
+            T d = base[i + i * ld];
+            if constexpr (is_complex<T>) {
+                if (herm) d.im = 0.0;
+            }
+            return d;
+        }
+        const bool stored = upper ? i < j : i > j;
+        if (stored) return base[i + j * ld];
+        const T mirrored = base[j + i * ld];
+        return herm ? conj(mirrored) : mirrored;
+    }
+    // Triangular: op(X)(i, j) is X(r, c), conjugated for 'C'.
+    const bool trans = reads_transposed(x);
+    const i64 r = trans ? j : i, c = trans ? i : j;
+    const bool conjugate = (x.kind & kStoredConjugated) != 0;
+    if (r == c) {
+        if (x.kind & kUnitDiagonal) return one_of<T>();
+        const T d = conjugate ? conj(base[r + r * ld]) : base[r + r * ld];
+        return (x.kind & kInvertedDiagonal) ? one_of<T>() / d : d;
+    }
+    if (!(upper ? r < c : r > c)) return T{};
+    return conjugate ? conj(base[r + c * ld]) : base[r + c * ld];
+}
+
+enum class Side { strictly_lower, strictly_upper };
+
+// The general view of X that the part of op(X) strictly below (above) the
+// diagonal reads; false when that part is zero.
+template <class T>
+bool general_part(const MatrixDesc<T>& x, Side side, MatrixDesc<T>* view)
+{
+    const bool upper = (x.kind & kUpperStored) != 0;
+    const bool lower_part = side == Side::strictly_lower;
+    int kind;
+    if (x.kind & (kSymmetric | kHermitian)) {
+        // The stored triangle as is, the other one mirrored.
+        if (lower_part != upper) kind = kStoredAsIs;
+        else kind = (x.kind & kHermitian) ? kStoredConjugated : kStoredTransposed;
+    } else {
+        // op(X) below its diagonal reads X below its own unless op transposes.
+        const bool reads_lower = lower_part != reads_transposed(x);
+        if (reads_lower == upper) return false;
+        kind = x.kind & (kStoredAsIs | kStoredTransposed | kStoredConjugated);
+    }
+    *view = describe_operand(kind, x.base, x.rows, x.cols, x.ld);
+    return true;
+}
+
+template <class T>
+T scaled(T factor, T x)
+{
+    return is_one(factor) ? x : factor * x;
+}
+
+// One panel of `width` lines (rows of op(A) or columns of op(B)) starting at
+// line p, depth [l0, l0 + depth); `at(line, l)` is the position (i, j) in
+// op(X) of step l of a line; `general` packs the panel from a general view.
+template <class T, int Copies, class Position, class General>
+void pack_shaped_panel(const MatrixDesc<T>& x, i64 p, i64 width, i64 l0, i64 depth, T factor, bool lines_are_rows,
+                       T* dst, Position at, General general)
+{
+    // The panel's lines against the depth: rows of op(A) lie below the
+    // diagonal where the depth index is smaller; columns of op(B) where it is larger.
+    const bool before = l0 + depth <= p;          // every step before the first line
+    const bool after = l0 >= p + width;           // every step past the last line
+    if (before || after) {
+        const Side side = (before == lines_are_rows) ? Side::strictly_lower : Side::strictly_upper;
+        MatrixDesc<T> view;
+        if (general_part(x, side, &view)) {
+            general(view, dst);
+        } else {
+            double* d = reinterpret_cast<double*>(dst);
+            const i64 doubles = width * depth * Copies * (is_complex<T> ? 2 : 1);
+            for (i64 v = 0; v < doubles; ++v) d[v] = 0.0;
+        }
+        return;
+    }
+    double* d = reinterpret_cast<double*>(dst);
+    constexpr i64 kParts = is_complex<T> ? 2 : 1;
+    for (i64 l = 0; l < depth; ++l)
+        for (i64 r = 0; r < width; ++r) {
+            const auto [i, j] = at(p + r, l0 + l);
+            put_value<Copies>(d + (l * width + r) * kParts * Copies, scaled(factor, shaped_value(x, i, j)));
+        }
+}
+
+struct Position {
+    i64 i;
+    i64 j;
+};
+
+template <class T, int Copies>
+void pack_a_any(const MatrixDesc<T>* a, i64 i0, i64 rows, i64 l0, i64 depth, T alpha, i64 mr, T* dst)
+{
+    if (is_general(*a)) return pack_general_a<Copies>(*a, i0, rows, l0, depth, alpha, mr, dst);
+    for (i64 r = 0; r < rows;) {
+        const i64 h = next_panel_width(rows - r, mr);
+        pack_shaped_panel<T, Copies>(
+            *a, i0 + r, h, l0, depth, alpha, true, dst + r * depth * Copies,
+            [](i64 line, i64 l) { return Position{line, l}; },
+            [&](const MatrixDesc<T>& view, T* d) { pack_general_a<Copies>(view, i0 + r, h, l0, depth, alpha, h, d); });
+        r += h;
+    }
+}
+
+template <class T, int Copies>
+void pack_b_any(const MatrixDesc<T>* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, T* dst)
+{
+    if (is_general(*b)) return pack_general_b<Copies>(*b, l0, depth, j0, cols, nr, dst);
+    for (i64 c = 0; c < cols;) {
+        const i64 w = next_panel_width(cols - c, nr);
+        pack_shaped_panel<T, Copies>(
+            *b, j0 + c, w, l0, depth, one_of<T>(), false, dst + c * depth * Copies,
+            [](i64 line, i64 l) { return Position{l, line}; },
+            [&](const MatrixDesc<T>& view, T* d) { pack_general_b<Copies>(view, l0, depth, j0 + c, w, w, d); });
+        c += w;
+    }
+}
+
 }  // namespace
 
-void pack_a_plain(const MatrixDesc* a, i64 i0, i64 rows, i64 l0, i64 depth, double alpha, i64 mr, double* dst)
+template <class T>
+void pack_a(const MatrixDesc<T>* a, i64 i0, i64 rows, i64 l0, i64 depth, T alpha, i64 mr, T* dst)
 {
-    pack_panels<Adjacent<1>>(rows, mr, a->ld, depth, alpha, 1, dst,
-                             [&](i64 r) { return a->elem_addr(i0 + r, l0, a); });
+    pack_a_any<T, 1>(a, i0, rows, l0, depth, alpha, mr, dst);
 }
 
-void pack_a_transposed(const MatrixDesc* a, i64 i0, i64 rows, i64 l0, i64 depth, double alpha, i64 mr,
-                       double* dst)
+template <class T>
+void pack_b(const MatrixDesc<T>* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, T* dst)
 {
-    pack_panels<Lines<1>>(rows, mr, a->ld, depth, alpha, 1, dst, [&](i64 r) { return a->elem_addr(i0 + r, l0, a); });
+    pack_b_any<T, 1>(b, l0, depth, j0, cols, nr, dst);
 }
 
-void pack_b_plain(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, double* dst)
+template <class T>
+void pack_b_doubled(const MatrixDesc<T>* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, T* dst)
 {
-    pack_panels<Lines<1>>(cols, nr, b->ld, depth, 1.0, 1, dst, [&](i64 c) { return b->elem_addr(l0, j0 + c, b); });
+    pack_b_any<T, 2>(b, l0, depth, j0, cols, nr, dst);
 }
 
-void pack_b_transposed(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, double* dst)
-{
-    pack_panels<Adjacent<1>>(cols, nr, b->ld, depth, 1.0, 1, dst,
-                             [&](i64 c) { return b->elem_addr(l0, j0 + c, b); });
-}
-
-void pack_b_plain_doubled(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, double* dst)
-{
-    pack_panels<Lines<2>>(cols, nr, b->ld, depth, 1.0, 2, dst, [&](i64 c) { return b->elem_addr(l0, j0 + c, b); });
-}
-
-void pack_b_transposed_doubled(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, double* dst)
-{
-    pack_panels<Adjacent<2>>(cols, nr, b->ld, depth, 1.0, 2, dst,
-                             [&](i64 c) { return b->elem_addr(l0, j0 + c, b); });
-}
+template void pack_a<double>(const MatrixDesc<double>*, i64, i64, i64, i64, double, i64, double*);
+template void pack_a<dcomplex>(const MatrixDesc<dcomplex>*, i64, i64, i64, i64, dcomplex, i64, dcomplex*);
+template void pack_b<double>(const MatrixDesc<double>*, i64, i64, i64, i64, i64, double*);
+template void pack_b<dcomplex>(const MatrixDesc<dcomplex>*, i64, i64, i64, i64, i64, dcomplex*);
+template void pack_b_doubled<double>(const MatrixDesc<double>*, i64, i64, i64, i64, i64, double*);
+template void pack_b_doubled<dcomplex>(const MatrixDesc<dcomplex>*, i64, i64, i64, i64, i64, dcomplex*);
 
 }  // namespace orv

@@ -9,9 +9,10 @@
 // padding, so the panel that starts at row (column) r of the block starts at
 // element r * depth of the packed block.
 //
-// Each packer reads two steps of depth of its panel at a time and finishes an
-// odd last one alone: for sources that hold a panel's lines along the depth,
-// the two values of a line are adjacent in memory.
+// A complex element is packed as its two parts, real first. The real
+// packers read two steps of depth of a panel at a time and finish an odd last
+// one alone: for sources that hold a panel's lines along the depth, the two
+// values of a line are adjacent in memory.
 #pragma once
 
 #include "level3/gemm_records.h"
@@ -23,17 +24,17 @@ namespace orv {
 // remainder.
 i64 next_panel_width(i64 remaining, i64 full);
 
-// op(A) stored as is, or transposed: see PackA.
-void pack_a_plain(const MatrixDesc* a, i64 i0, i64 rows, i64 l0, i64 depth, double alpha, i64 mr, double* dst);
-void pack_a_transposed(const MatrixDesc* a, i64 i0, i64 rows, i64 l0, i64 depth, double alpha, i64 mr,
-                       double* dst);
-
-// op(B) stored as is, or transposed: see PackB.
-void pack_b_plain(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, double* dst);
-void pack_b_transposed(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, double* dst);
-// The same panels with every value written twice in a row, for tiles that
+// Any operand, general or shaped (symmetric, Hermitian, triangular): see
+// PackA and PackB. A shaped operand's panels that the diagonal of op(X)
+// crosses are packed element by element; the others read the stored
+// triangle or its mirror with the general gathers, or are zero.
+template <class T>
+void pack_a(const MatrixDesc<T>* a, i64 i0, i64 rows, i64 l0, i64 depth, T alpha, i64 mr, T* dst);
+template <class T>
+void pack_b(const MatrixDesc<T>* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, T* dst);
+// The same B panels with every value written twice in a row, for tiles that
 // want a broadcast pair from one load (GemmTile::b_copies = 2).
-void pack_b_plain_doubled(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, double* dst);
-void pack_b_transposed_doubled(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, double* dst);
+template <class T>
+void pack_b_doubled(const MatrixDesc<T>* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, T* dst);
 
 }  // namespace orv

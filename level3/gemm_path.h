@@ -1,4 +1,4 @@
-// What distinguishes the real matrix product of one code path from another:
+// What distinguishes the matrix products of one code path from another:
 // which small-matrix roads it tries before the blocked road, its blocks, the
 // register tiles of its inner kernels and the kernel of its roads that read A
 // and B in place. The driver, the packing and the roads themselves are shared
@@ -34,8 +34,9 @@ struct GemmPath {
     TileChooser choose_tile;
     const GemmTile* tile;      // default tile
     const GemmTile* alt_tile;  // tile mode 16
+    const GemmTile* ztile;     // the complex tile
     GemmSmallKernel unpacked;  // one k-block read in place: the direct, tiny and thin roads and the fall-back
-    GemmRoutine fallback;      // the blocked driver's fall-back: unpacked_member of this path
+    ZgemmUnpackedKernel zunpacked;  // the same for complex products
 };
 
 // The descriptions of the builds (the compatible build shares the baseline's).
@@ -47,7 +48,11 @@ extern const GemmPath kGemmPathMc3;
 extern const GemmPath kGemmPathMc;
 extern const GemmPath kGemmPathDef;
 
-// The record of a path: its default tile, confirmed by its chooser.
+// The record of a path's real product: its default tile, confirmed by its
+// chooser; and the tile that record names.
 void init_path_params(const GemmPath& path, KernelParams* params);
+const GemmTile* path_tile(const GemmPath& path, const KernelParams& params);
+// The record of a path's complex product: its complex tile.
+void init_complex_params(const GemmPath& path, KernelParams* params);
 
 }  // namespace orv

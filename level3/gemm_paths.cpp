@@ -26,31 +26,42 @@ int choose_def(KernelParams* p) { return settle_tile(p, def::kGemmTile, def::kGe
 
 void init_path_params(const GemmPath& path, KernelParams* params)
 {
-    init_kernel_params(params, *path.tile, path.choose_tile);
+    init_kernel_params(params, *path.tile, path.choose_tile, sizeof(double));
     params->choose_tile(params);
 }
 
-// name, routing, direct-kernel limits (q, m), thin road, blocks, chooser, tiles, unpacked kernel, fall-back
+const GemmTile* path_tile(const GemmPath& path, const KernelParams& params)
+{
+    return params.tile_mode == kTileModeAlternative ? path.alt_tile : path.tile;
+}
+
+void init_complex_params(const GemmPath& path, KernelParams* params)
+{
+    init_kernel_params(params, *path.ztile, nullptr, sizeof(dcomplex));
+}
+
+// name, routing, direct-kernel limits (q, m), thin road, blocks, chooser, tiles (default, alternative,
+// complex), unpacked kernels (real, complex)
 const GemmPath kGemmPathAvx512 = {"avx512", GemmRouting::tiny_only, 0, 0, true, &kStandardBlocks,
-                                  choose_avx512, &avx512::kGemmTile, &avx512::kGemmTileAlt,
-                                  avx512::gemm_small, unpacked_member<kGemmPathAvx512>};
+                                  choose_avx512, &avx512::kGemmTile, &avx512::kGemmTileAlt, &avx512::kZgemmTile,
+                                  avx512::gemm_small, avx512::zgemm_unpacked};
 const GemmPath kGemmPathAvx512Qix = {"avx512_qix", GemmRouting::blocked_only, 0, 0, true, &kStandardBlocks,
-                                     choose_avx512_qix, &avx512_qix::kGemmTile, &avx512_qix::kGemmTileAlt,
-                                     avx512_qix::gemm_small, unpacked_member<kGemmPathAvx512Qix>};
+                                     choose_avx512_qix, &avx512_qix::kGemmTile, &avx512_qix::kGemmTileAlt, &avx512_qix::kZgemmTile,
+                                     avx512_qix::gemm_small, avx512_qix::zgemm_unpacked};
 const GemmPath kGemmPathAvx2 = {"avx2", GemmRouting::small_and_tiny, 10, 100, true, &kStandardBlocks,
-                                choose_avx2, &avx2::kGemmTile, &avx2::kGemmTileAlt,
-                                avx2::gemm_small, unpacked_member<kGemmPathAvx2>};
+                                choose_avx2, &avx2::kGemmTile, &avx2::kGemmTileAlt, &avx2::kZgemmTile,
+                                avx2::gemm_small, avx2::zgemm_unpacked};
 const GemmPath kGemmPathAvx = {"avx", GemmRouting::small_and_tiny, 9, 70, true, &kStandardBlocks,
-                               choose_avx, &avx::kGemmTile, &avx::kGemmTileAlt,
-                               gemm_small_unfused, unpacked_member<kGemmPathAvx>};
+                               choose_avx, &avx::kGemmTile, &avx::kGemmTileAlt, &avx::kZgemmTile,
+                               gemm_small_unfused, zgemm_unpacked_unfused};
 const GemmPath kGemmPathMc3 = {"mc3", GemmRouting::tiny_only, 0, 0, false, &kStandardBlocks,
-                               choose_mc3, &mc3::kGemmTile, &mc3::kGemmTileAlt,
-                               gemm_small_unfused, unpacked_member<kGemmPathMc3>};
+                               choose_mc3, &mc3::kGemmTile, &mc3::kGemmTileAlt, &mc3::kZgemmTile,
+                               gemm_small_unfused, zgemm_unpacked_unfused};
 const GemmPath kGemmPathMc = {"mc", GemmRouting::tiny_only, 0, 0, false, &kStandardBlocks,
-                              choose_mc, &mc::kGemmTile, &mc::kGemmTileAlt,
-                              gemm_small_unfused, unpacked_member<kGemmPathMc>};
+                              choose_mc, &mc::kGemmTile, &mc::kGemmTileAlt, &mc::kZgemmTile,
+                              gemm_small_unfused, zgemm_unpacked_unfused};
 const GemmPath kGemmPathDef = {"def", GemmRouting::combined, 0, 0, false, &kCombinedBlocks,
-                               choose_def, &def::kGemmTile, &def::kGemmTileAlt,
-                               gemm_small_unfused, unpacked_member<kGemmPathDef>};
+                               choose_def, &def::kGemmTile, &def::kGemmTileAlt, &def::kZgemmTile,
+                               gemm_small_unfused, zgemm_unpacked_unfused};
 
 }  // namespace orv

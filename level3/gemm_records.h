@@ -1,9 +1,9 @@
-// The records that organise one real matrix product on one thread: how each
-// operand is addressed, what the operation is, which register tile the inner
-// kernels use, which routines run it, and how it is cut into cache blocks.
-//
-// The threaded layer and the other level-3 routines that reuse the blocked
-// driver build the same records, so they are plain structs of fixed layout.
+// The records that organise one blocked level-3 product on one thread: how
+// each operand is addressed and shaped, what the operation is, which register
+// tile the inner kernels use, which routines run it, and how it is cut into
+// cache blocks. They are generic over the element type (double or dcomplex):
+// every level-3 routine fills the same records with its own operand shapes
+// and, where it needs one, its own block routine.
 #pragma once
 
 #include "level3/kernels/gemm_kernel.h"
@@ -13,61 +13,90 @@ namespace orv {
 
 // ---- Operands -------------------------------------------------------------
 
-// Storage codes of an operand: how op(X) relates to the stored X.
-inline constexpr int kStoredAsIs = 1;        // 'N'
-inline constexpr int kStoredTransposed = 2;  // 'T'
-inline constexpr int kStoredConjugated = 4;  // 'C': for real data a plain transpose
+// Kind bits of an operand: how op(X) relates to the stored X, and the shape
+// of X. Without a shape bit X is general.
+inline constexpr int kStoredAsIs = 1;         // 'N'
+inline constexpr int kStoredTransposed = 2;   // 'T'
+inline constexpr int kStoredConjugated = 4;   // 'C': for real data a plain transpose
+inline constexpr int kLowerStored = 8;        // only the lower triangle of X is stored
+inline constexpr int kUpperStored = 16;       // only the upper triangle
+inline constexpr int kNonUnitDiagonal = 32;   // triangular with the stored diagonal
+inline constexpr int kUnitDiagonal = 64;      // triangular, diagonal taken as ones and never read
+inline constexpr int kSymmetric = 128;        // the other triangle mirrors the stored one
+inline constexpr int kHermitian = 256;        // mirrored and conjugated; the diagonal's imaginary parts are zeros
+inline constexpr int kInvertedDiagonal = 512; // triangular, the reciprocal of each stored diagonal value
 
+template <class T>
 struct MatrixDesc;
-// Address of element (i, j) of the view `d`, offsets included.
-using ElemAddr = double* (*)(i64 i, i64 j, const MatrixDesc* d);
+// Address of stored element (i, j) of the view `d` as op(X) sees it.
+template <class T>
+using ElemAddr = T* (*)(i64 i, i64 j, const MatrixDesc<T>* d);
 
 // One operand as the driver sees it: op(X) with rows x cols elements. A and B
 // are only ever read through it; the pointer is not const because C is
 // described the same way.
+template <class T>
 struct MatrixDesc {
-    double* base;
+    T* base;
     i64 rows;
     i64 cols;
     i64 ld;
-    i64 row_offset;  // a sub-block view starts at (row_offset, col_offset)
-    i64 col_offset;
-    i64 full_rows;   // rows before any clipping
-    int kind;        // kStoredAsIs, kStoredTransposed, kStoredConjugated, 0 otherwise
-    ElemAddr elem_addr;
+    int kind;  // kind bits above
+    ElemAddr<T> elem_addr;
 };
 
-double* column_major_addr(i64 i, i64 j, const MatrixDesc* d);
-double* transposed_addr(i64 i, i64 j, const MatrixDesc* d);
+template <class T>
+T* column_major_addr(i64 i, i64 j, const MatrixDesc<T>* d)
+{
+    return d->base + i + j * d->ld;
+}
+template <class T>
+T* transposed_addr(i64 i, i64 j, const MatrixDesc<T>* d)
+{
+    return d->base + j + i * d->ld;
+}
 
-// op(X) as rows x cols for transposition letter `trans` (read at its first
-// character, either case). Any letter but 'N' reads X transposed.
-MatrixDesc describe_operand(const char* trans, const double* x, i64 rows, i64 cols, i64 ld);
-// C, always stored as is.
-MatrixDesc describe_result(double* c, i64 rows, i64 cols, i64 ld);
+inline constexpr int kShapeBits = kSymmetric | kHermitian | kNonUnitDiagonal | kUnitDiagonal | kInvertedDiagonal;
 
 // True when the view reads its matrix transposed.
-inline bool reads_transposed(const MatrixDesc& d) { return (d.kind & (kStoredTransposed | kStoredConjugated)) != 0; }
+template <class T>
+bool reads_transposed(const MatrixDesc<T>& d)
+{
+    return (d.kind & (kStoredTransposed | kStoredConjugated)) != 0;
+}
+template <class T>
+bool is_general(const MatrixDesc<T>& d)
+{
+    return (d.kind & kShapeBits) == 0;
+}
+
+// The storage bit of a transposition letter (read at its first character,
+// either case): 'N' as is, 'T' transposed, 'C' conjugate-transposed; any
+// other letter reads transposed.
+int storage_kind(const char* trans);
+
+// op(X) as rows x cols, with the kind bits `kind`: X is read transposed
+// unless kind has kStoredAsIs.
+template <class T>
+MatrixDesc<T> describe_operand(int kind, const T* x, i64 rows, i64 cols, i64 ld)
+{
+    const bool as_is = (kind & kStoredAsIs) != 0;
+    return {const_cast<T*>(x), rows, cols, ld, kind, as_is ? column_major_addr<T> : transposed_addr<T>};
+}
+// C, always stored as is.
+template <class T>
+MatrixDesc<T> describe_result(T* c, i64 rows, i64 cols, i64 ld)
+{
+    return {c, rows, cols, ld, kStoredAsIs, column_major_addr<T>};
+}
 
 // ---- The operation --------------------------------------------------------
 
-inline constexpr int kModePlainGemm = 0;
-
+template <class T>
 struct GemmOp {
-    i64 counters[3];     // cleared; bookkeeping of the routines that reuse the driver
-    const char* transa;
-    const char* transb;
-    double alpha;
-    double beta;
-    int roles[3];        // 2 each for a plain product; other routines may set the first to 0 to swap A and B
-    int trans_a;         // 'N' 0, 'T' 1, 'C' 2, anything else -1
-    int trans_b;
-    int mode;            // kModePlainGemm, or the reusing routine's mode
+    T alpha;
+    T beta;
 };
-
-GemmOp describe_gemm(const char* transa, const char* transb, double alpha, double beta);
-// The transposition code of a letter: 'N' 0, 'T' 1, 'C' 2, anything else -1.
-int transposition_code(const char* trans);
 
 // ---- Kernel parameters ----------------------------------------------------
 
@@ -82,18 +111,14 @@ struct KernelParams;
 using TileChooser = int (*)(KernelParams* p);
 
 struct KernelParams {
-    i64 reserved[2];
-    i64 mr;          // rows of the register tile
+    i64 mr;          // rows of the register tile, in elements
     i64 nr;          // columns of the register tile
     i64 ku;          // packed panels are cut to depths that are a multiple of this
-    i64 chosen_mr;   // the tile as the chooser confirmed it
-    i64 chosen_nr;
-    i64 chosen_ku;
     int loop_order;  // kLoopOrderDefault, kLoopOrderAlternative (0 until chosen)
     int tile_mode;   // kTileModeDefault, kTileModeAlternative (0 until chosen)
-    i64 alignment;   // 4 unless set
     TileChooser choose_tile;
     i64 b_copies;    // the chosen tile's GemmTile::b_copies: how often packed B holds each value
+    i64 elem_bytes;  // bytes of one element: 8 real, 16 complex
 };
 
 // ---- Cache blocks and the work buffer -------------------------------------
@@ -104,8 +129,7 @@ struct PackedView {
     i64 cols;
     i64 panel;         // rows of an A panel, columns of a B panel
     i64 panel_stride;  // elements of one full panel at the block's depth
-    i64 reserved;      // 128
-    double* data;
+    void* data;
 };
 
 struct BlockPlan;
@@ -117,61 +141,66 @@ struct BlockPlan {
     i64 nc;               // columns of B and C per slice
     i64 kc;               // depth of a block of the inner dimension
     i64 depth_capacity;   // the deepest block the buffer holds (kc plus a short tail merged into the last)
-    // Layout of the work buffer: slack past the end, the size above which the
-    // buffer is rounded to whole huge pages, the offset of B past a page
-    // boundary, the page size; and whether the per-thread cache may serve it.
-    i64 slack_bytes;      // 1664
-    i64 huge_page;        // 2097152
-    i64 b_offset;         // 768
-    i64 page;             // 4096
-    int cached;           // 1
-    int loop_variant;     // 2 with tile mode 4, else 3
+    i64 elem_bytes;       // bytes of one packed element
     BufferAcquire acquire;
-    BufferAcquire acquire_second;  // unused by the plain product
     BufferRelease release;
     PackedView a;
     PackedView b;
     void* buffer;         // null when the memory manager could not supply it
 };
-static_assert(sizeof(BlockPlan) <= 256, "a caller's plan is copied as 256 bytes at most");
 
 // ---- The routines of one call ---------------------------------------------
 
 // Rows [i0, i0 + rows) x columns [l0, l0 + depth) of op(A), times alpha, into
 // row panels of mr rows and then the narrower panels of the remainder.
-using PackA = void (*)(const MatrixDesc* a, i64 i0, i64 rows, i64 l0, i64 depth, double alpha, i64 mr,
-                       double* dst);
+template <class T>
+using PackA = void (*)(const MatrixDesc<T>* a, i64 i0, i64 rows, i64 l0, i64 depth, T alpha, i64 mr, T* dst);
 // Rows [l0, l0 + depth) x columns [j0, j0 + cols) of op(B) into column panels
 // of nr columns and then the narrower panels of the remainder.
-using PackB = void (*)(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, double* dst);
-// C[0..m-1, 0..n-1] (beta 0: =, else +=) packed A times packed B.
-using BlockRoutine = void (*)(const GemmTile* tile, i64 m, i64 n, i64 k, const double* a, const double* b, double* c,
-                              i64 ldc, double beta);
-using ScaleRoutine = void (*)(i64 m, i64 n, double beta, double* c, i64 ldc);
-// The thirteen arguments of the product, by address.
-using GemmRoutine = void (*)(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k,
-                             const double* alpha, const double* a, const i64* lda, const double* b, const i64* ldb,
-                             const double* beta, double* c, const i64* ldc);
+template <class T>
+using PackB = void (*)(const MatrixDesc<T>* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, T* dst);
+
+// One row panel of packed A times one packed slice of B, for the block of C
+// whose first element is (i, j) of the whole C; the k-block starts at depth l.
+template <class T>
+struct BlockTask {
+    const GemmTile* tile;
+    i64 i, j, l;
+    i64 h, w, k;  // rows, columns, depth
+    const T* a;
+    const T* b;
+    T* c;         // element (i, j)
+    i64 ldc;
+    bool store;   // the first k-block with beta 0: C is written, not read
+};
+// The block routine: the standard one runs the tile's kernel; a routine may
+// put its own, which treats blocks on the diagonal of C or of an operand
+// differently or skips blocks that are zero.
+template <class T>
+using BlockRoutine = void (*)(const BlockTask<T>& task);
+
+template <class T>
+using ScaleRoutine = void (*)(i64 m, i64 n, T beta, T* c, i64 ldc);
+template <class T>
 struct GemmPlan;
-using DriverRoutine = void (*)(const GemmOp* op, const MatrixDesc* a, const MatrixDesc* b, const MatrixDesc* c,
-                               const BlockPlan* caller_plan, const GemmPlan* plan);
+// The whole product without a work buffer; beta is 0 or 1 by then.
+template <class T>
+using FallbackRoutine = void (*)(const GemmOp<T>& op, const MatrixDesc<T>& a, const MatrixDesc<T>& b,
+                                 const MatrixDesc<T>& c, const GemmPlan<T>& plan);
 using BlockSizes = void (*)(i64 m, i64 n, i64 k, const KernelParams* params, BlockPlan* plan);
 
+struct GemmPath;
+
+template <class T>
 struct GemmPlan {
-    i64 thin_rows;         // 8: op(A) transposed times B as is goes unpacked below this many rows
-    i64 thin_cols;         // 4: the other forms go unpacked below this many columns
-    i64 reserved_word;     // 4
-    PackA pack_a;
-    PackB pack_b;
-    void* reserved_pack[2];
-    BlockRoutine block;
-    void* reserved_block;
-    ScaleRoutine scale;
-    DriverRoutine driver;
-    GemmRoutine fallback;  // the whole product without a buffer
-    void* mode_slots[2];
+    const GemmPath* path;     // the code path whose kernels run it
+    PackA<T> pack_a;
+    PackB<T> pack_b;
+    BlockRoutine<T> block;
+    ScaleRoutine<T> scale;
+    FallbackRoutine<T> fallback;
     KernelParams params;
-    const GemmTile* tile;  // the kernels of the chosen tile
+    const GemmTile* tile;     // the kernels of the chosen tile
     BlockSizes block_sizes;
 };
 

@@ -1,8 +1,9 @@
-// Which road a real matrix product takes on a code path, and the product
-// routed accordingly.
+// Which road a matrix product takes on a code path, and the product routed
+// accordingly; and the blocked product that the other level-3 routines run.
 #include "level3/gemm_route.h"
 
 #include "level3/gemm_driver.h"
+#include "level3/gemm_pack.h"
 #include "service/elements.h"
 
 namespace orv {
@@ -100,6 +101,82 @@ GemmEvent small_and_tiny_road(const GemmPath& path, const GemmShape& s)
     }
 }
 
+// The transposition letter of a general view.
+char view_letter(int kind)
+{
+    if (kind & kStoredAsIs) return 'N';
+    return (kind & kStoredConjugated) ? 'C' : 'T';
+}
+
+// The blocked road's fall-backs for general operands: the path's unpacked
+// kernels, which give every element the bits of the blocked road.
+void dgemm_fallback(const GemmOp<double>& op, const MatrixDesc<double>& a, const MatrixDesc<double>& b,
+                    const MatrixDesc<double>& c, const GemmPlan<double>& plan)
+{
+    const GemmShape shape{view_letter(a.kind), view_letter(b.kind), c.rows, c.cols, a.cols, op.alpha, op.beta};
+    unpacked_product(*plan.path, shape, a.base, a.ld, b.base, b.ld, c.base, c.ld);
+}
+
+// The complex product read in place, one call per k-block of the path;
+// beta is 0 (the first block stores) or 1.
+void unpacked_zgemm(const GemmPath& path, char ta, char tb, i64 m, i64 n, i64 k, dcomplex alpha,
+                    const dcomplex* a, i64 lda, const dcomplex* b, i64 ldb, bool store, dcomplex* c, i64 ldc)
+{
+    const DepthBlocks depths = path.blocks->depths(k, kTileDepthUnroll);
+    const double* alpha_parts = &alpha.re;
+    for (i64 l0 = 0, kb; l0 < k; l0 += kb) {
+        kb = block_depth(depths, k, l0);
+        const dcomplex* al = ta != 'N' ? a + l0 : a + l0 * lda;
+        const dcomplex* bl = tb != 'N' ? b + l0 * ldb : b + l0;
+        path.zunpacked(ta, tb, m, n, kb, alpha_parts, &al->re, lda, &bl->re, ldb, store && l0 == 0, &c->re, ldc);
+    }
+}
+
+void zgemm_fallback(const GemmOp<dcomplex>& op, const MatrixDesc<dcomplex>& a, const MatrixDesc<dcomplex>& b,
+                    const MatrixDesc<dcomplex>& c, const GemmPlan<dcomplex>& plan)
+{
+    unpacked_zgemm(*plan.path, view_letter(a.kind), view_letter(b.kind), c.rows, c.cols, a.cols, op.alpha, a.base, a.ld,
+                   b.base, b.ld, is_zero(op.beta), c.base, c.ld);
+}
+
+// The fall-back of shaped operands: the plan's packers and block routine on
+// one register tile at a time, from small buffers on the stack, the depth in
+// short pieces. (Slower, and its sums are cut differently from the blocked
+// road's, but it needs no memory of its own.)
+constexpr i64 kFallbackDepth = 32;
+constexpr i64 kFallbackValues = 32 * 2 * kFallbackDepth;  // up to 32 rows or doubled columns per step
+
+template <class T>
+void tilewise_fallback(const GemmOp<T>& op, const MatrixDesc<T>& a, const MatrixDesc<T>& b, const MatrixDesc<T>& c,
+                       const GemmPlan<T>& plan)
+{
+    const i64 m = c.rows, n = c.cols, k = a.cols, mr = plan.params.mr, nr = plan.params.nr;
+    alignas(64) T packed_a[kFallbackValues / 2];
+    alignas(64) T packed_b[kFallbackValues];
+    BlockTask<T> task{};
+    task.tile = plan.tile;
+    task.ldc = c.ld;
+    task.a = packed_a;
+    task.b = packed_b;
+    for (i64 l0 = 0; l0 < k; l0 += kFallbackDepth) {
+        task.l = l0;
+        task.k = k - l0 < kFallbackDepth ? k - l0 : kFallbackDepth;
+        task.store = l0 == 0 && is_zero(op.beta);
+        for (i64 j0 = 0; j0 < n; j0 += nr) {
+            task.j = j0;
+            task.w = n - j0 < nr ? n - j0 : nr;
+            plan.pack_b(&b, l0, task.k, j0, task.w, nr, packed_b);
+            for (i64 i0 = 0; i0 < m; i0 += mr) {
+                task.i = i0;
+                task.h = m - i0 < mr ? m - i0 : mr;
+                plan.pack_a(&a, i0, task.h, l0, task.k, op.alpha, mr, packed_a);
+                task.c = c.elem_addr(i0, j0, &c);
+                plan.block(task);
+            }
+        }
+    }
+}
+
 }  // namespace
 
 GemmShape gemm_shape(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k,
@@ -114,6 +191,23 @@ void unpacked_dgemm(const GemmPath& path, const GemmShape& s, const double* a, i
                     double* c, i64 ldc)
 {
     unpacked_product(path, s, a, lda, b, ldb, c, ldc);
+}
+
+// The product of general operands past the small roads: C scaled by beta
+// once (0 clears it), then the blocked driver adds to it with the path's
+// tile for T, as the unpacked kernels add their sums to a scaled C.
+template <class T>
+void general_blocked(const GemmPath& path, const KernelParams& params, const GemmTile* tile,
+                     FallbackRoutine<T> fallback, T alpha, T beta, const MatrixDesc<T>& a, const MatrixDesc<T>& b,
+                     const MatrixDesc<T>& c)
+{
+    const GemmPlan<T> plan = plan_product<T>(path, params, tile, fallback);
+    if (!is_one(beta)) {
+        plan.scale(c.rows, c.cols, beta, c.base, c.ld);
+        beta = one_of<T>();
+    }
+    const GemmOp<T> op{alpha, beta};
+    blocked_driver(&op, &a, &b, &c, nullptr, &plan);
 }
 
 void routed_dgemm(const GemmPath& path, const char* transa, const char* transb, const i64* m, const i64* n,
@@ -139,24 +233,73 @@ void routed_dgemm(const GemmPath& path, const char* transa, const char* transb, 
     default:
         break;
     }
-
-    const GemmOp op = describe_gemm(transa, transb, *alpha, *beta);
-    const MatrixDesc da = describe_operand(transa, a, *m, *k, *lda);
-    const MatrixDesc db = describe_operand(transb, b, *k, *n, *ldb);
-    const MatrixDesc dc = describe_result(c, *m, *n, *ldc);
     KernelParams params;
     init_path_params(path, &params);
-    GemmPlan plan;
-    plan_gemm(path, op, da, db, params, &plan);
-
     // Beta is folded into C once, here; everything after only adds. The
     // driver tells the observer whether it ran blocked or fell back.
-    GemmOp added = op;
-    if (added.beta != 1.0) {
-        plan.scale(*m, *n, added.beta, c, *ldc);
-        added.beta = 1.0;
-    }
-    plan.driver(&added, &da, &db, &dc, nullptr, &plan);
+    general_blocked<double>(path, params, path_tile(path, params), dgemm_fallback, *alpha, *beta,
+                            describe_operand(storage_kind(transa), a, *m, *k, *lda),
+                            describe_operand(storage_kind(transb), b, *k, *n, *ldb), describe_result(c, *m, *n, *ldc));
 }
+
+namespace {
+
+// Complex products up to this many multiply-adds read A and B in place: the
+// packing would cost about as much as the product.
+constexpr i64 kZgemmUnpackedWork = 32 * 32 * 32;
+
+}  // namespace
+
+void routed_zgemm(const GemmPath& path, const char* transa, const char* transb, const i64* m, const i64* n,
+                  const i64* k, const dcomplex* alpha, const dcomplex* a, const i64* lda, const dcomplex* b,
+                  const i64* ldb, const dcomplex* beta, dcomplex* c, const i64* ldc)
+{
+    if (*m < 1 || *n < 1) return;
+    if (is_zero(*alpha) || *k < 1) {
+        scale_c(*m, *n, *beta, c, *ldc);
+        return;
+    }
+    KernelParams params;
+    init_complex_params(path, &params);
+    const MatrixDesc<dcomplex> da = describe_operand(storage_kind(transa), a, *m, *k, *lda);
+    const MatrixDesc<dcomplex> db = describe_operand(storage_kind(transb), b, *k, *n, *ldb);
+    const MatrixDesc<dcomplex> dc = describe_result(c, *m, *n, *ldc);
+    if (*m * *n * *k <= kZgemmUnpackedWork) {
+        scale_c(*m, *n, *beta, c, *ldc);
+        const GemmPlan<dcomplex> plan = plan_product<dcomplex>(path, params, path.ztile, zgemm_fallback);
+        zgemm_fallback(GemmOp<dcomplex>{*alpha, one_of<dcomplex>()}, da, db, dc, plan);
+        return;
+    }
+    general_blocked<dcomplex>(path, params, path.ztile, zgemm_fallback, *alpha, *beta, da, db, dc);
+}
+
+template <class T>
+void blocked_product(const GemmPath& path, T alpha, T beta, const MatrixDesc<T>& a, const MatrixDesc<T>& b,
+                     const MatrixDesc<T>& c, BlockRoutine<T> block)
+{
+    KernelParams params;
+    const GemmTile* tile;
+    if constexpr (is_complex<T>) {
+        init_complex_params(path, &params);
+        tile = path.ztile;
+    } else {
+        init_path_params(path, &params);
+        tile = path_tile(path, params);
+    }
+    GemmPlan<T> plan = plan_product<T>(path, params, tile, tilewise_fallback<T>);
+    plan.block = block;
+    if (!is_one(beta)) {
+        plan.scale(c.rows, c.cols, beta, c.base, c.ld);
+        beta = one_of<T>();
+    }
+    const GemmOp<T> op{alpha, beta};
+    blocked_driver(&op, &a, &b, &c, nullptr, &plan);
+}
+
+template void blocked_product<double>(const GemmPath&, double, double, const MatrixDesc<double>&,
+                                      const MatrixDesc<double>&, const MatrixDesc<double>&, BlockRoutine<double>);
+template void blocked_product<dcomplex>(const GemmPath&, dcomplex, dcomplex, const MatrixDesc<dcomplex>&,
+                                        const MatrixDesc<dcomplex>&, const MatrixDesc<dcomplex>&,
+                                        BlockRoutine<dcomplex>);
 
 }  // namespace orv

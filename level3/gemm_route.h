@@ -51,14 +51,29 @@ void dgemm_member(const char* transa, const char* transb, const i64* m, const i6
     routed_dgemm(Path, transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
 }
 
-// The blocked driver's fall-back on `Path`: the unpacked product with the
-// thirteen arguments by address.
+// C := alpha * op(A) * op(B) + beta * C for complex elements on `path`: small
+// products read A and B in place, the others run the blocked driver with the
+// path's complex tile; both give an element the same bits.
+void routed_zgemm(const GemmPath& path, const char* transa, const char* transb, const i64* m, const i64* n,
+                  const i64* k, const dcomplex* alpha, const dcomplex* a, const i64* lda, const dcomplex* b,
+                  const i64* ldb, const dcomplex* beta, dcomplex* c, const i64* ldc);
+
 template <const GemmPath& Path>
-void unpacked_member(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k,
-                     const double* alpha, const double* a, const i64* lda, const double* b, const i64* ldb,
-                     const double* beta, double* c, const i64* ldc)
+void zgemm_member(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k,
+                  const dcomplex* alpha, const dcomplex* a, const i64* lda, const dcomplex* b, const i64* ldb,
+                  const dcomplex* beta, dcomplex* c, const i64* ldc)
 {
-    unpacked_dgemm(Path, gemm_shape(transa, transb, m, n, k, alpha, beta), a, *lda, b, *ldb, c, *ldc);
+    routed_zgemm(Path, transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
 }
+
+// The product of general or shaped operands on `path`, with the path's
+// tile for T and `block` as the block routine: C := alpha op(A) op(B) +
+// beta C over the views' sizes. C is scaled by beta first (0 clears it) and
+// the blocks add to it; a routine whose block routine touches only part of C
+// scales that part itself and passes beta 1. Without a work buffer the
+// same packers and block routine run on one tile at a time from the stack.
+template <class T>
+void blocked_product(const GemmPath& path, T alpha, T beta, const MatrixDesc<T>& a, const MatrixDesc<T>& b,
+                     const MatrixDesc<T>& c, BlockRoutine<T> block);
 
 }  // namespace orv

@@ -55,6 +55,14 @@ constexpr R conj(R a)
     return a;
 }
 
+// The element one: 1, or (1, 0).
+template <typename T>
+constexpr T one_of()
+{
+    if constexpr (is_complex<T>) return {1, 0};
+    else return T(1);
+}
+
 template <bool Conj, typename T>
 constexpr T conj_if(T a)
 {

@@ -28,35 +28,44 @@ struct GemmTile {
     GemmMicroKernel store;
 };
 
-// Each path offers its default tile and an alternative one; paths with a
-// single tile give the same tile twice.
+// Each path offers its default tile and an alternative one (paths with a
+// single tile give the same tile twice), and a complex tile on the registers
+// of the default one: m, n and k then count complex elements, and packed A
+// and B hold each element as its two parts (see gemm_tile.inc).
 namespace avx512 {
 extern const GemmTile kGemmTile;     // 24 x 8
 extern const GemmTile kGemmTileAlt;  // 8 x 6
+extern const GemmTile kZgemmTile;   // 12 x 4 complex
 }  // namespace avx512
 namespace avx512_qix {
 extern const GemmTile kGemmTile;     // 8 x 28
 extern const GemmTile kGemmTileAlt;  // 24 x 8
+extern const GemmTile kZgemmTile;   // 4 x 14 complex
 }  // namespace avx512_qix
 namespace avx2 {
 extern const GemmTile kGemmTile;     // 12 x 4
 extern const GemmTile kGemmTileAlt;  // 8 x 6
+extern const GemmTile kZgemmTile;   // 6 x 2 complex
 }  // namespace avx2
 namespace avx {
 extern const GemmTile kGemmTile;     // 8 x 4
 extern const GemmTile kGemmTileAlt;  // the same
+extern const GemmTile kZgemmTile;   // 4 x 2 complex
 }  // namespace avx
 namespace mc3 {
 extern const GemmTile kGemmTile;     // 4 x 4
 extern const GemmTile kGemmTileAlt;  // the same
+extern const GemmTile kZgemmTile;   // 2 x 2 complex
 }  // namespace mc3
 namespace mc {
 extern const GemmTile kGemmTile;     // 4 x 4
 extern const GemmTile kGemmTileAlt;  // the same
+extern const GemmTile kZgemmTile;   // 2 x 2 complex
 }  // namespace mc
 namespace def {
 extern const GemmTile kGemmTile;     // 4 x 4
 extern const GemmTile kGemmTileAlt;  // the same
+extern const GemmTile kZgemmTile;   // 2 x 2 complex
 }  // namespace def
 
 }  // namespace orv

@@ -1,4 +1,5 @@
-// dgemm_ gives an element of C the same bits whatever the shape of the call:
+// dgemm_ and zgemm_ give an element of C the same bits whatever the shape of
+// the call:
 // a call on a leading sub-block of C (fewer rows or columns, the same k,
 // scalars and data) must reproduce the full call's elements exactly, though
 // the two calls may take different roads (direct, tiny, thin, blocked) and
@@ -17,10 +18,11 @@
 namespace l3test {
 namespace {
 
+template <typename T>
 struct ShapeCase {
     char ta, tb;
     int m, n, k;
-    double alpha, beta;
+    T alpha, beta;
     std::vector<std::pair<int, int>> subs;  // the leading blocks called on their own
     std::string describe() const
     {
@@ -30,51 +32,55 @@ struct ShapeCase {
 };
 
 // Element (r, l) of op(X) as stored.
-double& op_ref(Mat<double>& x, char trans, int r, int l)
+template <typename T>
+T& op_ref(Mat<T>& x, char trans, int r, int l)
 {
     return std::toupper(trans) == 'N' ? x.at(r, l) : x.at(l, r);
 }
 
-void fill_operands(const ShapeCase& t, Mat<double>& a, Mat<double>& b, Mat<double>& c, Rng& rng)
+template <typename T>
+void fill_operands(const ShapeCase<T>& t, Mat<T>& a, Mat<T>& b, Mat<T>& c, Rng& rng)
 {
     a.fill(rng);
     b.fill(rng);
     c.fill(rng);
     // Zeros in C meet beta -1 and a zero sum: -0 plus +0 is +0.
     for (int j = 0; j < t.n; ++j)
-        for (int i = j % 3; i < t.m; i += 3) c.at(i, j) = 0.0;
+        for (int i = j % 3; i < t.m; i += 3) c.at(i, j) = T{};
     for (int l = 0; l < t.k; ++l) {
         const double tiny = (l % 2 ? 1e-200 : -1e-200) * (1.0 + rng.full() / 2);
-        if (t.m > 1) op_ref(a, t.ta, 1, l) = tiny;
-        if (t.n > 1) op_ref(b, t.tb, l, 1) = tiny;
-        if (t.m > 2) op_ref(a, t.ta, 2, l) = l % 2 ? 0.0 : -0.0;
-        if (t.n > 2) op_ref(b, t.tb, l, 2) = 0.0;
+        if (t.m > 1) op_ref(a, t.ta, 1, l) = T(tiny);
+        if (t.n > 1) op_ref(b, t.tb, l, 1) = T(tiny);
+        if (t.m > 2) op_ref(a, t.ta, 2, l) = T(l % 2 ? 0.0 : -0.0);
+        if (t.n > 2) op_ref(b, t.tb, l, 2) = T{};
     }
 }
 
-::testing::AssertionResult run_shape_case(const ShapeCase& t)
+template <typename T>
+::testing::AssertionResult run_shape_case(const ShapeCase<T>& t)
 {
     Rng rng(std::uint64_t(t.m) * 7919 + std::uint64_t(t.n) * 131 + std::uint64_t(t.k) * 3 + t.ta + 5 * t.tb);
     const bool a_plain = std::toupper(t.ta) == 'N', b_plain = std::toupper(t.tb) == 'N';
-    Mat<double> a(a_plain ? t.m : t.k, a_plain ? t.k : t.m, 1);
-    Mat<double> b(b_plain ? t.k : t.n, b_plain ? t.n : t.k, 2);
-    Mat<double> c(t.m, t.n, 3);
+    Mat<T> a(a_plain ? t.m : t.k, a_plain ? t.k : t.m, 1);
+    Mat<T> b(b_plain ? t.k : t.n, b_plain ? t.n : t.k, 2);
+    Mat<T> c(t.m, t.n, 3);
     fill_operands(t, a, b, c, rng);
 
-    Mat<double> full = c;
+    Mat<T> full = c;
     gemm(t.ta, t.tb, t.m, t.n, t.k, t.alpha, a.data(), a.ld, b.data(), b.ld, t.beta, full.data(), full.ld);
     for (const auto& [ms, ns] : t.subs) {
-        Mat<double> part = c;
+        Mat<T> part = c;
         gemm(t.ta, t.tb, ms, ns, t.k, t.alpha, a.data(), a.ld, b.data(), b.ld, t.beta, part.data(), part.ld);
         if (auto guards = part.buf.guards_intact(); !guards) return guards;
         for (int j = 0; j < t.n; ++j)
             for (int i = 0; i < c.ld; ++i) {
                 const bool inside = i < ms && j < ns;
-                const double want = inside ? full.at(i, j) : c.at(i, j);
+                const T want = inside ? full.at(i, j) : c.at(i, j);
                 if (!orvtest::same_bits(part.at(i, j), want))
                     return ::testing::AssertionFailure()
                            << "the call on " << ms << " x " << ns << " gives (" << i << "," << j << ") = "
-                           << std::hexfloat << part.at(i, j) << (inside ? ", the full call " : ", it held ") << want;
+                           << std::hexfloat << show(part.at(i, j)) << (inside ? ", the full call " : ", it held ")
+                           << show(want);
             }
     }
     return ::testing::AssertionSuccess();
@@ -116,19 +122,27 @@ std::vector<std::pair<int, int>> leading_blocks(Rng& rng, int m, int n, const in
 }
 
 // Random shapes for every pair of letters (either case), alpha and beta
-// walking their four values.
-template <std::size_t D>
-std::vector<ShapeCase> random_cases(int per_pair, const int (&depths)[D], int max_rows, int max_cols, int seed)
+// walking their four values (complex: with an imaginary part added to the
+// last two).
+template <typename T>
+T scalar(int i)
+{
+    if constexpr (kComplex<T>) return i < 2 ? T(kScalars[i]) : T(kScalars[i], 0.7);
+    else return kScalars[i];
+}
+
+template <typename T, std::size_t D>
+std::vector<ShapeCase<T>> random_cases(int per_pair, const int (&depths)[D], int max_rows, int max_cols, int seed)
 {
     Rng rng(seed);
-    std::vector<ShapeCase> out;
+    std::vector<ShapeCase<T>> out;
     int index = 0;
     for (int pair = 0; pair < 9; ++pair)
         for (int i = 0; i < per_pair; ++i, ++index) {
             const bool lower = index % 5 == 4;
             const int m = pick(rng, kRows, max_rows), n = pick(rng, kCols, max_cols), k = pick(rng, depths);
             out.push_back({letter(kLetters[pair / 3], lower), letter(kLetters[pair % 3], lower), m, n, k,
-                           kScalars[index % 4], kScalars[(index / 4) % 4], leading_blocks(rng, m, n, kRows, kCols)});
+                           scalar<T>(index % 4), scalar<T>((index / 4) % 4), leading_blocks(rng, m, n, kRows, kCols)});
         }
     return out;
 }
@@ -137,13 +151,21 @@ std::vector<ShapeCase> random_cases(int per_pair, const int (&depths)[D], int ma
 // against the blocked road.
 TEST(GemmShape, ShallowProductsAcrossTheRoads)
 {
-    run_table(random_cases(240, kShallow, 101, 41, 1), run_shape_case);
+    run_table(random_cases<double>(240, kShallow, 101, 41, 1), run_shape_case<double>);
 }
 
 // Deep products: the k-blocks of every road are those of the blocked road.
 TEST(GemmShape, DeepProductsAcrossTheDepthBlocks)
 {
-    run_table(random_cases(60, kDeep, 49, 29, 2), run_shape_case);
+    run_table(random_cases<double>(60, kDeep, 49, 29, 2), run_shape_case<double>);
+}
+
+// Complex products: the unpacked road (up to 32 x 32 x 32 multiply-adds)
+// against the blocked road with the complex tiles, shallow and deep.
+TEST(GemmShape, ComplexProductsAcrossTheRoads)
+{
+    run_table(random_cases<zcomplex>(40, kShallow, 101, 41, 3), run_shape_case<zcomplex>);
+    run_table(random_cases<zcomplex>(12, kDeep, 49, 29, 4), run_shape_case<zcomplex>);
 }
 
 // Each pair a shape on one side of a road's limit and a leading block on the
@@ -167,11 +189,11 @@ TEST(GemmShape, LeadingBlocksOnTheOtherRoad)
         {'N', 'C', 24, 28, 321, {{23, 27}, {24, 1}, {1, 28}}},     // the baseline's 256 + 65
         {'T', 'T', 12, 8, 577, {{11, 7}, {4, 8}, {12, 2}}},        // 192 + 192 + 193; 256 + 256 + 65
     };
-    std::vector<ShapeCase> cases;
+    std::vector<ShapeCase<double>> cases;
     for (const auto& s : shapes)
         for (double alpha : kScalars)
             for (double beta : kScalars) cases.push_back({s.ta, s.tb, s.m, s.n, s.k, alpha, beta, s.subs});
-    run_table(cases, run_shape_case);
+    run_table(cases, run_shape_case<double>);
 }
 
 }  // namespace

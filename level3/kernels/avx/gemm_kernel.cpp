@@ -15,5 +15,6 @@ namespace orv::avx {
 
 extern const GemmTile kGemmTile = make_gemm_tile<Lane<4>, 8, 4>();
 extern const GemmTile kGemmTileAlt = kGemmTile;
+extern const GemmTile kZgemmTile = make_complex_tile<Lane<4>, 8, 4>();
 
 }  // namespace orv::avx

@@ -14,5 +14,6 @@ namespace orv::avx512 {
 
 extern const GemmTile kGemmTile = make_gemm_tile<Lane<8>, 24, 8>();
 extern const GemmTile kGemmTileAlt = make_gemm_tile<Lane<8>, 8, 6>();
+extern const GemmTile kZgemmTile = make_complex_tile<Lane<8>, 24, 8>();
 
 }  // namespace orv::avx512

@@ -16,5 +16,6 @@ namespace orv::avx512_qix {
 
 extern const GemmTile kGemmTile = make_gemm_tile<Lane<8>, 8, 28>();
 extern const GemmTile kGemmTileAlt = make_gemm_tile<Lane<8>, 24, 8>();
+extern const GemmTile kZgemmTile = make_complex_tile<Lane<8>, 8, 28>();
 
 }  // namespace orv::avx512_qix

@@ -17,5 +17,6 @@ namespace orv::def {
 
 extern const GemmTile kGemmTile = make_gemm_tile<Lane<2>, 4, 4>();
 extern const GemmTile kGemmTileAlt = kGemmTile;
+extern const GemmTile kZgemmTile = make_complex_tile<Lane<2>, 4, 4>();
 
 }  // namespace orv::def

@@ -15,5 +15,6 @@ namespace orv::mc {
 
 extern const GemmTile kGemmTile = make_gemm_tile<Lane<2>, 4, 4>();
 extern const GemmTile kGemmTileAlt = kGemmTile;
+extern const GemmTile kZgemmTile = make_complex_tile<Lane<2>, 4, 4>();
 
 }  // namespace orv::mc
