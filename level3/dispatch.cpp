@@ -3,6 +3,7 @@
 #include "level3/dispatch.h"
 
 #include "level3/gemm_route.h"
+#include "level3/structured.h"
 
 namespace orv {
 namespace {
@@ -33,6 +34,17 @@ constexpr Level3Kernels on_path()
     Level3Kernels table = kPlain;
     table.dgemm = dgemm_member<Path>;
     table.zgemm = zgemm_member<Path>;
+    table.dsymm = symm_member<Path, double, false>;
+    table.zsymm = symm_member<Path, dcomplex, false>;
+    table.zhemm = symm_member<Path, dcomplex, true>;
+    table.dsyrk = syrk_member<Path, double, false, double>;
+    table.zsyrk = syrk_member<Path, dcomplex, false, dcomplex>;
+    table.zherk = syrk_member<Path, dcomplex, true, double>;
+    table.dsyr2k = syr2k_member<Path, double, false, double>;
+    table.zsyr2k = syr2k_member<Path, dcomplex, false, dcomplex>;
+    table.zher2k = syr2k_member<Path, dcomplex, true, double>;
+    table.dtrmm = trmm_member<Path, double>;
+    table.ztrmm = trmm_member<Path, dcomplex>;
     return table;
 }
 
