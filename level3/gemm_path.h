@@ -36,7 +36,6 @@ struct GemmPath {
     const GemmTile* alt_tile;  // tile mode 16
     const GemmTile* ztile;     // the complex tile
     GemmSmallKernel unpacked;  // one k-block read in place: the direct, tiny and thin roads and the fall-back
-    ZgemmUnpackedKernel zunpacked;  // the same for complex products
 };
 
 // The descriptions of the builds (the compatible build shares the baseline's).

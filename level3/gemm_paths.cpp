@@ -41,27 +41,27 @@ void init_complex_params(const GemmPath& path, KernelParams* params)
 }
 
 // name, routing, direct-kernel limits (q, m), thin road, blocks, chooser, tiles (default, alternative,
-// complex), unpacked kernels (real, complex)
+// complex), unpacked kernel
 const GemmPath kGemmPathAvx512 = {"avx512", GemmRouting::tiny_only, 0, 0, true, &kStandardBlocks,
                                   choose_avx512, &avx512::kGemmTile, &avx512::kGemmTileAlt, &avx512::kZgemmTile,
-                                  avx512::gemm_small, avx512::zgemm_unpacked};
+                                  avx512::gemm_small};
 const GemmPath kGemmPathAvx512Qix = {"avx512_qix", GemmRouting::blocked_only, 0, 0, true, &kStandardBlocks,
                                      choose_avx512_qix, &avx512_qix::kGemmTile, &avx512_qix::kGemmTileAlt, &avx512_qix::kZgemmTile,
-                                     avx512_qix::gemm_small, avx512_qix::zgemm_unpacked};
+                                     avx512_qix::gemm_small};
 const GemmPath kGemmPathAvx2 = {"avx2", GemmRouting::small_and_tiny, 10, 100, true, &kStandardBlocks,
                                 choose_avx2, &avx2::kGemmTile, &avx2::kGemmTileAlt, &avx2::kZgemmTile,
-                                avx2::gemm_small, avx2::zgemm_unpacked};
+                                avx2::gemm_small};
 const GemmPath kGemmPathAvx = {"avx", GemmRouting::small_and_tiny, 9, 70, true, &kStandardBlocks,
                                choose_avx, &avx::kGemmTile, &avx::kGemmTileAlt, &avx::kZgemmTile,
-                               gemm_small_unfused, zgemm_unpacked_unfused};
+                               gemm_small_unfused};
 const GemmPath kGemmPathMc3 = {"mc3", GemmRouting::tiny_only, 0, 0, false, &kStandardBlocks,
                                choose_mc3, &mc3::kGemmTile, &mc3::kGemmTileAlt, &mc3::kZgemmTile,
-                               gemm_small_unfused, zgemm_unpacked_unfused};
+                               gemm_small_unfused};
 const GemmPath kGemmPathMc = {"mc", GemmRouting::tiny_only, 0, 0, false, &kStandardBlocks,
                               choose_mc, &mc::kGemmTile, &mc::kGemmTileAlt, &mc::kZgemmTile,
-                              gemm_small_unfused, zgemm_unpacked_unfused};
+                              gemm_small_unfused};
 const GemmPath kGemmPathDef = {"def", GemmRouting::combined, 0, 0, false, &kCombinedBlocks,
                                choose_def, &def::kGemmTile, &def::kGemmTileAlt, &def::kZgemmTile,
-                               gemm_small_unfused, zgemm_unpacked_unfused};
+                               gemm_small_unfused};
 
 }  // namespace orv

@@ -128,7 +128,7 @@ void unpacked_zgemm(const GemmPath& path, char ta, char tb, i64 m, i64 n, i64 k,
         kb = block_depth(depths, k, l0);
         const dcomplex* al = ta != 'N' ? a + l0 : a + l0 * lda;
         const dcomplex* bl = tb != 'N' ? b + l0 * ldb : b + l0;
-        path.zunpacked(ta, tb, m, n, kb, alpha_parts, &al->re, lda, &bl->re, ldb, store && l0 == 0, &c->re, ldc);
+        zgemm_unpacked(ta, tb, m, n, kb, alpha_parts, &al->re, lda, &bl->re, ldb, store && l0 == 0, &c->re, ldc);
     }
 }
 

@@ -45,7 +45,7 @@ extern const GemmTile kZgemmTile;   // 4 x 14 complex
 namespace avx2 {
 extern const GemmTile kGemmTile;     // 12 x 4
 extern const GemmTile kGemmTileAlt;  // 8 x 6
-extern const GemmTile kZgemmTile;   // 6 x 2 complex
+extern const GemmTile kZgemmTile;   // 4 x 3 complex
 }  // namespace avx2
 namespace avx {
 extern const GemmTile kGemmTile;     // 8 x 4

@@ -13,6 +13,6 @@ namespace orv::avx2 {
 
 extern const GemmTile kGemmTile = make_gemm_tile<Lane<4>, 12, 4>();
 extern const GemmTile kGemmTileAlt = make_gemm_tile<Lane<4>, 8, 6>();
-extern const GemmTile kZgemmTile = make_complex_tile<Lane<4>, 12, 4>();
+extern const GemmTile kZgemmTile = make_complex_tile<Lane<4>, 8, 6>();
 
 }  // namespace orv::avx2
