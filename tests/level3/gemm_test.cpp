@@ -23,6 +23,7 @@ std::vector<GemmCase<T>> cases()
                     for (int k : small_sizes()) add(m, n, k, s[index % 4], s[(index / 4) % 4], Poison::none);
             for (const Shape3& sh : large_shapes())
                 add(sh.m, sh.n, sh.k, s[index % 4], s[(index / 4) % 4], Poison::none);
+            add(block_shape().m, block_shape().n, block_shape().k, s[3], s[2], Poison::none);
             for (Poison p : {Poison::a, Poison::b}) {
                 add(5, 4, 3, s[3], s[index % 4], p);
                 add(17, 9, 33, s[3], s[index % 4], p);

@@ -265,5 +265,8 @@ inline const std::vector<Shape3>& large_shapes()
     static const std::vector<Shape3> shapes{{17, 33, 64}, {64, 17, 33}, {33, 64, 17}, {64, 64, 64}};
     return shapes;
 }
+// A shape past the cache blocks of the blocked products: two k-blocks (or
+// two diagonal blocks of a triangle), two column slices of up to 192.
+inline Shape3 block_shape() { return {270, 200, 270}; }
 
 }  // namespace l3test

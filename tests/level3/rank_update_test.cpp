@@ -144,6 +144,7 @@ std::vector<UpdateCase<T>> cases(Update routine)
                         add(n, k, alphas[index % 4], betas[(index / 4) % 4], Poison::none);
             for (const Shape3& sh : large_shapes())
                 add(sh.m, sh.k, alphas[index % 4], betas[(index / 4) % 4], Poison::none);
+            add(block_shape().m, block_shape().k, alphas[3], betas[2], Poison::none);
             for (Poison p : {Poison::a, Poison::b}) {
                 if (p == Poison::b && !is_rank2k(routine)) continue;
                 add(6, 5, alphas[3], betas[index % 4], p);

@@ -92,6 +92,7 @@ std::vector<SymmCase<T>> cases(Sym routine)
                     for (int repeat = 0; repeat < 2; ++repeat)
                         add(m, n, s[index % 4], s[(index / 4) % 4], Poison::none);
             for (const Shape3& sh : large_shapes()) add(sh.m, sh.n, s[index % 4], s[(index / 4) % 4], Poison::none);
+            add(block_shape().m, block_shape().n, s[3], s[2], Poison::none);
             for (Poison p : {Poison::a, Poison::b}) {
                 add(6, 5, s[3], s[index % 4], p);
                 add(17, 9, s[3], s[index % 4], p);
