@@ -75,6 +75,20 @@ const RefBlas& load_ref(int max_threads)
     ok &= resolve(handle, "zdotc_", &r.zdotc, true);
     ok &= resolve(handle, "zaxpy_", &r.zaxpy, true);
     ok &= resolve(handle, "dgemm_", &r.dgemm, true);
+    ok &= resolve(handle, "zgemm_", &r.zgemm, true);
+    ok &= resolve(handle, "dtrsm_", &r.dtrsm, true);
+    ok &= resolve(handle, "ztrsm_", &r.ztrsm, true);
+    ok &= resolve(handle, "dtrmm_", &r.dtrmm, true);
+    ok &= resolve(handle, "ztrmm_", &r.ztrmm, true);
+    ok &= resolve(handle, "dsyrk_", &r.dsyrk, true);
+    ok &= resolve(handle, "zsyrk_", &r.zsyrk, true);
+    ok &= resolve(handle, "zherk_", &r.zherk, true);
+    ok &= resolve(handle, "dsyr2k_", &r.dsyr2k, true);
+    ok &= resolve(handle, "zsyr2k_", &r.zsyr2k, true);
+    ok &= resolve(handle, "zher2k_", &r.zher2k, true);
+    ok &= resolve(handle, "dsymm_", &r.dsymm, true);
+    ok &= resolve(handle, "zsymm_", &r.zsymm, true);
+    ok &= resolve(handle, "zhemm_", &r.zhemm, true);
     ok &= resolve(handle, "openblas_set_num_threads", &r.set_num_threads, true);
     resolve(handle, "openblas_get_corename", &r.get_corename, false);
     resolve(handle, "openblas_get_config", &r.get_config, false);
@@ -291,6 +305,51 @@ const Result* CollectingReporter::find(const std::string& name) const
 }
 
 // ---------------------------------------------------------------------------
+// Peak rows.
+
+void register_peak_loops()
+{
+    for (const PeakLoop& p : peak_loops()) {
+        if (!p.supported) {
+            std::printf("peak loop %s needs %s, which this processor lacks: not run\n", p.name, p.isa);
+            continue;
+        }
+        benchmark::RegisterBenchmark((std::string("peak/") + p.name).c_str(), [p](benchmark::State& state) {
+            const long rounds = 1000000;
+            double sink = 0;
+            for (auto _ : state) sink += p.run(rounds, 1.0, 0.0);
+            benchmark::DoNotOptimize(sink);
+            state.counters["GFLOP/s"] = benchmark::Counter(
+                p.flops_per_round * rounds * 1e-9 * static_cast<double>(state.iterations()), benchmark::Counter::kIsRate);
+        })
+            // Short repetitions, of which the summary takes the fastest: the
+            // peak is what the registers can do when nothing else gets in
+            // the way.
+            ->MinTime(0.05)
+            ->Repetitions(5);
+    }
+}
+
+std::string peak_header(const CollectingReporter& rep, const std::string& peak, int path, int threads,
+                        double* peak_rate)
+{
+    const Result* pk = rep.find("peak/" + peak);
+    *peak_rate = pk != nullptr && pk->ok ? pk->best.at("GFLOP/s") : 0.0;
+    std::string out = "ORV code path " + std::to_string(path) + " (" + path_name(path) + "), " +
+                      std::to_string(threads) + " thread(s); peak loop " + peak + ": " +
+                      (*peak_rate > 0 ? format_fixed(*peak_rate, 1) + " GFLOP/s" : std::string("not measured")) +
+                      "\n\n";
+    for (const PeakLoop& p : peak_loops()) {
+        const Result* r = rep.find(std::string("peak/") + p.name);
+        if (r != nullptr && r->ok) {
+            out += std::string("- peak loop ") + p.name + ": " + format_fixed(r->best.at("GFLOP/s"), 1) +
+                   " GFLOP/s (fastest of 5 runs)\n";
+        }
+    }
+    return out;
+}
+
+// ---------------------------------------------------------------------------
 // Options and text.
 
 std::string take_option(int* argc, char** argv, const std::string& name, const std::string& fallback)
@@ -308,6 +367,23 @@ std::string take_option(int* argc, char** argv, const std::string& name, const s
     *argc = out;
     argv[out] = nullptr;
     return value;
+}
+
+bool take_flag(int* argc, char** argv, const std::string& name)
+{
+    const std::string flag = "--" + name;
+    bool found = false;
+    int out = 1;
+    for (int i = 1; i < *argc; ++i) {
+        if (flag == argv[i]) {
+            found = true;
+        } else {
+            argv[out++] = argv[i];
+        }
+    }
+    *argc = out;
+    argv[out] = nullptr;
+    return found;
 }
 
 std::vector<std::string> split(const std::string& text, char sep)

@@ -39,6 +39,36 @@ struct RefBlas {
     void (*zaxpy)(const int*, const void*, const void*, const int*, void*, const int*) = nullptr;
     void (*dgemm)(const char*, const char*, const int*, const int*, const int*, const double*, const double*,
                   const int*, const double*, const int*, const double*, double*, const int*) = nullptr;
+    // Level 3 beyond dgemm; complex scalars and matrices as interleaved
+    // (real, imaginary) doubles behind void pointers.
+    void (*zgemm)(const char*, const char*, const int*, const int*, const int*, const void*, const void*, const int*,
+                  const void*, const int*, const void*, void*, const int*) = nullptr;
+    void (*dtrsm)(const char*, const char*, const char*, const char*, const int*, const int*, const double*,
+                  const double*, const int*, double*, const int*) = nullptr;
+    void (*ztrsm)(const char*, const char*, const char*, const char*, const int*, const int*, const void*,
+                  const void*, const int*, void*, const int*) = nullptr;
+    void (*dtrmm)(const char*, const char*, const char*, const char*, const int*, const int*, const double*,
+                  const double*, const int*, double*, const int*) = nullptr;
+    void (*ztrmm)(const char*, const char*, const char*, const char*, const int*, const int*, const void*,
+                  const void*, const int*, void*, const int*) = nullptr;
+    void (*dsyrk)(const char*, const char*, const int*, const int*, const double*, const double*, const int*,
+                  const double*, double*, const int*) = nullptr;
+    void (*zsyrk)(const char*, const char*, const int*, const int*, const void*, const void*, const int*,
+                  const void*, void*, const int*) = nullptr;
+    void (*zherk)(const char*, const char*, const int*, const int*, const double*, const void*, const int*,
+                  const double*, void*, const int*) = nullptr;
+    void (*dsyr2k)(const char*, const char*, const int*, const int*, const double*, const double*, const int*,
+                   const double*, const int*, const double*, double*, const int*) = nullptr;
+    void (*zsyr2k)(const char*, const char*, const int*, const int*, const void*, const void*, const int*,
+                   const void*, const int*, const void*, void*, const int*) = nullptr;
+    void (*zher2k)(const char*, const char*, const int*, const int*, const void*, const void*, const int*,
+                   const void*, const int*, const double*, void*, const int*) = nullptr;
+    void (*dsymm)(const char*, const char*, const int*, const int*, const double*, const double*, const int*,
+                  const double*, const int*, const double*, double*, const int*) = nullptr;
+    void (*zsymm)(const char*, const char*, const int*, const int*, const void*, const void*, const int*,
+                  const void*, const int*, const void*, void*, const int*) = nullptr;
+    void (*zhemm)(const char*, const char*, const int*, const int*, const void*, const void*, const int*,
+                  const void*, const int*, const void*, void*, const int*) = nullptr;
     void (*set_num_threads)(int) = nullptr;
     char* (*get_corename)() = nullptr;
     char* (*get_config)() = nullptr;
@@ -132,9 +162,21 @@ private:
     mutable std::map<std::string, Result> cache_;
 };
 
+// Registers "peak/<loop>" for every peak loop the processor can run, in short
+// repetitions of which the summaries take the fastest; names those it cannot.
+void register_peak_loops();
+
+// Opening lines of a summary: the code path, the thread count, the rate of
+// the path's peak loop (also stored in *peak_rate, 0 when not measured) and
+// every peak loop measured.
+std::string peak_header(const CollectingReporter& rep, const std::string& peak, int path, int threads,
+                        double* peak_rate);
+
 // Splits "--name=value" options of the program off argv (before Google
 // Benchmark parses the rest).
 std::string take_option(int* argc, char** argv, const std::string& name, const std::string& fallback);
+// Removes a bare "--name" from argv; true when it was there.
+bool take_flag(int* argc, char** argv, const std::string& name);
 std::vector<long> parse_list(const std::string& text);
 std::vector<std::string> split(const std::string& text, char sep);
 

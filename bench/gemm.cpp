@@ -116,33 +116,6 @@ void register_case(const Case& cs, const char* lib_name, int threads, const RefB
     if (threads > 1) b->UseRealTime();
 }
 
-// Peak loops: the same program measures what its registers can do.
-void register_peaks(const std::vector<std::string>& wanted)
-{
-    for (const bench::PeakLoop& p : bench::peak_loops()) {
-        bool want = false;
-        for (const std::string& w : wanted) want = want || w == p.name;
-        if (!want) continue;
-        if (!p.supported) {
-            std::printf("peak loop %s needs %s, which this processor lacks: not run\n", p.name, p.isa);
-            continue;
-        }
-        benchmark::RegisterBenchmark((std::string("peak/") + p.name).c_str(), [p](benchmark::State& state) {
-            const long rounds = 1000000;
-            double sink = 0;
-            for (auto _ : state) sink += p.run(rounds, 1.0, 0.0);
-            benchmark::DoNotOptimize(sink);
-            state.counters["GFLOP/s"] = benchmark::Counter(
-                p.flops_per_round * rounds * 1e-9 * static_cast<double>(state.iterations()), benchmark::Counter::kIsRate);
-        })
-            // Short repetitions, of which the summary takes the fastest: the
-            // peak is what the registers can do when nothing else gets in
-            // the way.
-            ->MinTime(0.05)
-            ->Repetitions(5);
-    }
-}
-
 // Both libraries on the same inputs, once, before timing.
 void check_agreement(const std::vector<std::string>& trans, const RefBlas& ref)
 {
@@ -171,18 +144,8 @@ std::string summary(const bench::CollectingReporter& rep, const std::vector<Case
                     int path, bool have_ref, int threads)
 {
     std::ostringstream out;
-    const bench::Result* pk = rep.find("peak/" + peak);
-    const double peak_rate = pk != nullptr && pk->ok ? pk->best.at("GFLOP/s") : 0.0;
-    out << "ORV code path " << path << " (" << bench::path_name(path) << "), " << threads << " thread(s); peak loop "
-        << peak << ": " << (peak_rate > 0 ? bench::format_fixed(peak_rate, 1) + " GFLOP/s" : std::string("not measured"))
-        << "\n\n";
-    for (const bench::PeakLoop& p : bench::peak_loops()) {
-        const bench::Result* r = rep.find(std::string("peak/") + p.name);
-        if (r != nullptr && r->ok) {
-            out << "- peak loop " << p.name << ": " << bench::format_fixed(r->best.at("GFLOP/s"), 1)
-                << " GFLOP/s (fastest of 5 runs)\n";
-        }
-    }
+    double peak_rate = 0;
+    out << bench::peak_header(rep, peak, path, threads, &peak_rate);
     out << "\n| trans | m x n x k | ORV GFLOP/s | % of peak | " << bench::kRefName << " GFLOP/s | ORV/"
         << bench::kRefName << " | target |\n";
     out << "|---|---|---:|---:|---:|---:|---|\n";
@@ -295,8 +258,7 @@ int main(int argc, char** argv)
     std::printf("%s\n", ref.describe().c_str());
     if (ref.loaded()) check_agreement(trans, ref);
 
-    std::vector<std::string> peaks = {"sse_muladd", "avx_muladd", "avx2_fma", "avx512_fma"};
-    register_peaks(peaks);
+    bench::register_peak_loops();
     for (const Case& c : cases) {
         register_case(c, "orv", threads, ref);
         if (ref.loaded()) register_case(c, "ref", threads, ref);

@@ -18,12 +18,13 @@ report=${1:-$results/performance.md}
 
 cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
   -DORV_BUILD_TESTS=OFF -DORV_BUILD_EXAMPLES=OFF -DORV_BUILD_BENCH=ON >/dev/null
-cmake --build "$build" -j "$jobs" --target orv_bench_level1 orv_bench_gemm orvinfo >/dev/null
+cmake --build "$build" -j "$jobs" --target orv_bench_level1 orv_bench_gemm orv_bench_level3 orvinfo >/dev/null
 mkdir -p "$results"
 rm -f "$results"/*.md "$results"/*.log
 
 level1=$build/bin/orv_bench_level1
 gemm=$build/bin/orv_bench_gemm
+level3=$build/bin/orv_bench_level3
 orvinfo=$build/bin/orvinfo
 
 # Variables that would change what is measured are cleared; each run sets
@@ -70,6 +71,10 @@ gemm_shapes=2000x2000x64,64x2000x2000,2000x64x2000
 # dgemm rows report the fastest of three repetitions, for both libraries.
 gemm_opts=(--benchmark_min_time=0.2 --benchmark_repetitions=3 --max_call_seconds="$max_call")
 small_opts=(--benchmark_min_time=0.05 --benchmark_repetitions=3 --shapes= --max_call_seconds="$max_call")
+l3_sizes=100,500,1000
+# Every level-3 routine but dgemm, one option set each; fastest of three
+# repetitions for both libraries.
+l3_opts=(--benchmark_min_time=0.2 --benchmark_repetitions=3)
 
 run l1_default "Level 1, default path, 1 thread, OpenBLAS choosing its own kernels" \
   -- "$level1" --sizes=$l1_sizes --threads=1 "${l1_opts[@]}"
@@ -88,6 +93,11 @@ run gemm_avx512 "DGEMM, path 7 (avx512), 1 thread, OpenBLAS SkylakeX" \
 run gemm_avx512_small "DGEMM small sizes, path 7 (avx512), 1 thread, OpenBLAS SkylakeX" \
   ORV_ENABLE_INSTRUCTIONS=AVX512 OPENBLAS_CORETYPE=SkylakeX \
   -- "$gemm" --sizes=4-32 --trans=NN,NT,TN,TT "${small_opts[@]}"
+run level3_avx2 "Level 3 but DGEMM, default path (avx2), 1 thread, OpenBLAS Haswell" OPENBLAS_CORETYPE=Haswell \
+  -- "$level3" --sizes=$l3_sizes --threads=1 "${l3_opts[@]}"
+run level3_avx512 "Level 3 but DGEMM, path 7 (avx512), 1 thread, OpenBLAS SkylakeX" \
+  ORV_DEBUG_CPU_TYPE=7 ORV_ENABLE_INSTRUCTIONS=AVX512 OPENBLAS_CORETYPE=SkylakeX \
+  -- "$level3" --sizes=$l3_sizes --threads=1 "${l3_opts[@]}"
 for path in 0 2 3 4 6; do
   run gemm_path$path "DGEMM n = 1000, forced path $path, 1 thread" \
     ORV_DEBUG_CPU_TYPE=$path OPENBLAS_CORETYPE=Haswell \
