@@ -187,12 +187,6 @@ GemmShape gemm_shape(const char* transa, const char* transb, const i64* m, const
 
 GemmEvent choose_gemm_road(const GemmPath& path, const GemmShape& s) { return road_for(path, s); }
 
-void unpacked_dgemm(const GemmPath& path, const GemmShape& s, const double* a, i64 lda, const double* b, i64 ldb,
-                    double* c, i64 ldc)
-{
-    unpacked_product(path, s, a, lda, b, ldb, c, ldc);
-}
-
 // The product of general operands past the small roads: C scaled by beta
 // once (0 clears it), then the blocked driver adds to it with the path's
 // tile for T, as the unpacked kernels add their sums to a scaled C.
@@ -242,14 +236,8 @@ void routed_dgemm(const GemmPath& path, const char* transa, const char* transb, 
                             describe_operand(storage_kind(transb), b, *k, *n, *ldb), describe_result(c, *m, *n, *ldc));
 }
 
-namespace {
-
-// Complex products up to this many multiply-adds read A and B in place: the
-// packing would cost about as much as the product.
-constexpr i64 kZgemmUnpackedWork = 32 * 32 * 32;
-
-}  // namespace
-
+// Complex products go straight to the blocked road: even at a few elements
+// its complex tiles are faster than any loop that reads A and B in place.
 void routed_zgemm(const GemmPath& path, const char* transa, const char* transb, const i64* m, const i64* n,
                   const i64* k, const dcomplex* alpha, const dcomplex* a, const i64* lda, const dcomplex* b,
                   const i64* ldb, const dcomplex* beta, dcomplex* c, const i64* ldc)
@@ -261,16 +249,10 @@ void routed_zgemm(const GemmPath& path, const char* transa, const char* transb, 
     }
     KernelParams params;
     init_complex_params(path, &params);
-    const MatrixDesc<dcomplex> da = describe_operand(storage_kind(transa), a, *m, *k, *lda);
-    const MatrixDesc<dcomplex> db = describe_operand(storage_kind(transb), b, *k, *n, *ldb);
-    const MatrixDesc<dcomplex> dc = describe_result(c, *m, *n, *ldc);
-    if (*m * *n * *k <= kZgemmUnpackedWork) {
-        scale_c(*m, *n, *beta, c, *ldc);
-        const GemmPlan<dcomplex> plan = plan_product<dcomplex>(path, params, path.ztile, zgemm_fallback);
-        zgemm_fallback(GemmOp<dcomplex>{*alpha, one_of<dcomplex>()}, da, db, dc, plan);
-        return;
-    }
-    general_blocked<dcomplex>(path, params, path.ztile, zgemm_fallback, *alpha, *beta, da, db, dc);
+    general_blocked<dcomplex>(path, params, path.ztile, zgemm_fallback, *alpha, *beta,
+                              describe_operand(storage_kind(transa), a, *m, *k, *lda),
+                              describe_operand(storage_kind(transb), b, *k, *n, *ldb),
+                              describe_result(c, *m, *n, *ldc));
 }
 
 template <class T>

@@ -28,12 +28,6 @@ GemmShape gemm_shape(const char* transa, const char* transb, const i64* m, const
 // blocked driver then finds its buffer is decided only when it runs.
 GemmEvent choose_gemm_road(const GemmPath& path, const GemmShape& shape);
 
-// C := alpha * op(A) * op(B) + beta * C on `path`'s kernel that reads A and
-// B in place, one call for each of the path's k-blocks, beta acting in the
-// first: the direct, tiny and thin roads, and the blocked driver's fall-back.
-void unpacked_dgemm(const GemmPath& path, const GemmShape& shape, const double* a, i64 lda, const double* b,
-                    i64 ldb, double* c, i64 ldc);
-
 // C := alpha * op(A) * op(B) + beta * C on `path`, all arguments as the
 // dispatched member receives them.
 void routed_dgemm(const GemmPath& path, const char* transa, const char* transb, const i64* m, const i64* n,
@@ -51,9 +45,9 @@ void dgemm_member(const char* transa, const char* transb, const i64* m, const i6
     routed_dgemm(Path, transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
 }
 
-// C := alpha * op(A) * op(B) + beta * C for complex elements on `path`: small
-// products read A and B in place, the others run the blocked driver with the
-// path's complex tile; both give an element the same bits.
+// C := alpha * op(A) * op(B) + beta * C for complex elements on `path`: the
+// blocked driver with the path's complex tile; without a work buffer, the
+// product read in place, which gives an element the same bits.
 void routed_zgemm(const GemmPath& path, const char* transa, const char* transb, const i64* m, const i64* n,
                   const i64* k, const dcomplex* alpha, const dcomplex* a, const i64* lda, const dcomplex* b,
                   const i64* ldb, const dcomplex* beta, dcomplex* c, const i64* ldc);

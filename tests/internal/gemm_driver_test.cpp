@@ -628,4 +628,34 @@ TEST(GemmDriver, FallsBackWithoutABuffer)
     EXPECT_TRUE(p.matches()) << "member fall-back " << p.describe();
 }
 
+// The complex product without a buffer reads A and B in place and gives
+// every element the bits of its blocked road.
+TEST(GemmDriver, ComplexFallsBackWithTheSameBits)
+{
+    using Z = orv::dcomplex;
+    const i64 m = 37, n = 29, k = 300, lda = 310, ldb = 301, ldc = 40;
+    Rng rng(7);
+    std::vector<Z> a(std::size_t(lda * 300)), b(std::size_t(ldb * 300)), c0(std::size_t(ldc * n));
+    for (Z& x : a) x = {rng.full(), rng.full()};
+    for (Z& x : b) x = {rng.full(), rng.full()};
+    for (Z& x : c0) x = {rng.full(), rng.full()};
+    const Z alpha{0.3, -0.7}, beta{-1.0, 0.25};
+    for (const char* letters : {"NN", "CT", "TC"})
+        for (const GemmPath* path : {&orv::kGemmPathAvx512, &orv::kGemmPathAvx512Qix, &orv::kGemmPathAvx2,
+                                     &orv::kGemmPathAvx, &orv::kGemmPathMc3, &orv::kGemmPathMc,
+                                     &orv::kGemmPathDef}) {
+            if (!processor_runs(*path)) continue;
+            std::vector<Z> blocked = c0, refused = c0;
+            for (std::vector<Z>* c : {&blocked, &refused}) {
+                Observe observe(c == &refused);
+                orv::routed_zgemm(*path, letters, letters + 1, &m, &n, &k, &alpha, a.data(), &lda, b.data(), &ldb,
+                                  &beta, c->data(), &ldc);
+                EXPECT_EQ(last_road(), c == &refused ? GemmEvent::fallback : GemmEvent::blocked) << path->name;
+            }
+            for (std::size_t i = 0; i < blocked.size(); ++i)
+                ASSERT_TRUE(std::memcmp(&blocked[i], &refused[i], sizeof(Z)) == 0)
+                    << path->name << " " << letters << " element " << i;
+        }
+}
+
 }  // namespace

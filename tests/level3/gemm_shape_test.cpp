@@ -160,8 +160,8 @@ TEST(GemmShape, DeepProductsAcrossTheDepthBlocks)
     run_table(random_cases<double>(60, kDeep, 49, 29, 2), run_shape_case<double>);
 }
 
-// Complex products: the unpacked road (up to 32 x 32 x 32 multiply-adds)
-// against the blocked road with the complex tiles, shallow and deep.
+// Complex products, shallow and deep: the blocked road cuts its complex
+// tiles and blocks differently for each shape.
 TEST(GemmShape, ComplexProductsAcrossTheRoads)
 {
     run_table(random_cases<zcomplex>(40, kShallow, 101, 41, 3), run_shape_case<zcomplex>);
