@@ -1,5 +1,4 @@
-// Pieces shared by the level-2 algorithms: triangle options, the diagonal
-// helpers of the Hermitian forms and the column views of full, band and
+// Pieces shared by the level-2 algorithms: the diagonal helpers of the Hermitian forms and the column views of full, band and
 // packed storage.
 //
 // The algorithms are templates over the element type (float, double,
@@ -12,20 +11,6 @@
 #include "service/elements.h"
 
 namespace orv::l2 {
-
-// Options of the triangular routines. 'C' conjugates only complex data.
-struct Triangle {
-    bool upper;
-    bool trans;
-    bool conj;
-    bool unit;
-};
-
-inline Triangle triangle(const char* uplo, const char* trans, const char* diag)
-{
-    const char t = option_letter(trans);
-    return {option_letter(uplo) == 'U', t != 'N', t == 'C', option_letter(diag) == 'U'};
-}
 
 inline constexpr i64 min(i64 a, i64 b) { return a < b ? a : b; }
 inline constexpr i64 max(i64 a, i64 b) { return a > b ? a : b; }

@@ -1,5 +1,5 @@
 // Pieces shared by the level-3 families: element access for transposed and
-// symmetric storage and triangle options.
+// symmetric storage and the rows of a triangle.
 #pragma once
 
 #include "service/elements.h"
@@ -30,18 +30,5 @@ struct RowRange {
     i64 last;
 };
 inline RowRange triangle_rows(bool upper, i64 j, i64 n) { return upper ? RowRange{0, j + 1} : RowRange{j, n}; }
-
-// Options of a triangular operand (the product and the solve).
-struct TriangleShape {
-    bool left;   // A multiplies from the left
-    bool upper;  // A is stored in its upper triangle
-    bool trans;  // op(A) is A^T or A^H
-    bool unit;   // the diagonal is taken as ones and never read
-};
-inline TriangleShape triangle_shape(const char* side, const char* uplo, const char* transa, const char* diag)
-{
-    return {option_letter(side) == 'L', option_letter(uplo) == 'U', option_letter(transa) != 'N',
-            option_letter(diag) == 'U'};
-}
 
 }  // namespace orv::cnr::l3

@@ -13,7 +13,7 @@ using namespace l3;
 // in the order that leaves each input element unchanged until its last use,
 // so no workspace is needed. Alpha multiplies the elements of A.
 template <typename T, bool Conj>
-void trmm(TriangleShape s, i64 m, i64 n, T alpha, const T* a, i64 lda, T* b, i64 ldb)
+void trmm(bool left, Triangle s, i64 m, i64 n, T alpha, const T* a, i64 lda, T* b, i64 ldb)
 {
     if (m == 0 || n == 0) return;
     if (is_zero(alpha)) {
@@ -24,7 +24,7 @@ void trmm(TriangleShape s, i64 m, i64 n, T alpha, const T* a, i64 lda, T* b, i64
     // alpha * op(A)(l, l)
     auto scaled_diagonal = [&](i64 l) -> T { return s.unit ? alpha : alpha * conj_if<Conj>(a[l + l * lda]); };
 
-    if (s.left) {
+    if (left) {
         for (i64 j = 0; j < n; ++j) {
             T* bj = b + j * ldb;
             if (!s.trans && s.upper) {
@@ -109,9 +109,10 @@ template <typename T>
 void trmm_options(const char* side, const char* uplo, const char* transa, const char* diag, i64 m, i64 n, T alpha,
                   const T* a, i64 lda, T* b, i64 ldb)
 {
-    const TriangleShape s = triangle_shape(side, uplo, transa, diag);
-    with_conjugation<T>(option_letter(transa) == 'C',
-                        [&]<bool Conj>() { trmm<T, Conj>(s, m, n, alpha, a, lda, b, ldb); });
+    const Triangle s = triangle(uplo, transa, diag);
+    const bool left = option_letter(side) == 'L';
+    with_conjugation<T>(s.conj,
+                        [&]<bool Conj>() { trmm<T, Conj>(left, s, m, n, alpha, a, lda, b, ldb); });
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ using namespace l3;
 // loop walks a column of the stored A; a non-unit diagonal divides (a
 // reciprocal would add a rounding).
 template <typename T, bool Conj>
-void trsm(TriangleShape s, i64 m, i64 n, T alpha, const T* a, i64 lda, T* b, i64 ldb)
+void trsm(bool left, Triangle s, i64 m, i64 n, T alpha, const T* a, i64 lda, T* b, i64 ldb)
 {
     if (m == 0 || n == 0) return;
     // A zero alpha makes X zero whatever A holds, so A is not read.
@@ -22,7 +22,7 @@ void trsm(TriangleShape s, i64 m, i64 n, T alpha, const T* a, i64 lda, T* b, i64
 
     auto divide_by_diagonal = [&](T x, i64 l) -> T { return s.unit ? x : x / conj_if<Conj>(a[l + l * lda]); };
 
-    if (s.left) {
+    if (left) {
         for (i64 j = 0; j < n; ++j) {
             T* bj = b + j * ldb;
             if (!s.trans && s.upper) {
@@ -109,9 +109,10 @@ template <typename T>
 void trsm_options(const char* side, const char* uplo, const char* transa, const char* diag, i64 m, i64 n, T alpha,
                   const T* a, i64 lda, T* b, i64 ldb)
 {
-    const TriangleShape s = triangle_shape(side, uplo, transa, diag);
-    with_conjugation<T>(option_letter(transa) == 'C',
-                        [&]<bool Conj>() { trsm<T, Conj>(s, m, n, alpha, a, lda, b, ldb); });
+    const Triangle s = triangle(uplo, transa, diag);
+    const bool left = option_letter(side) == 'L';
+    with_conjugation<T>(s.conj,
+                        [&]<bool Conj>() { trsm<T, Conj>(left, s, m, n, alpha, a, lda, b, ldb); });
 }
 
 }  // namespace

@@ -55,6 +55,20 @@ constexpr R conj(R a)
     return a;
 }
 
+// Options of a triangular operand. 'C' conjugates only complex data.
+struct Triangle {
+    bool upper;  // stored in its upper triangle
+    bool trans;  // op(A) is A^T or A^H
+    bool conj;   // op(A) is A^H
+    bool unit;   // the diagonal is taken as ones and never read
+};
+
+inline Triangle triangle(const char* uplo, const char* trans, const char* diag)
+{
+    const char t = option_letter(trans);
+    return {option_letter(uplo) == 'U', t != 'N', t == 'C', option_letter(diag) == 'U'};
+}
+
 // The element one: 1, or (1, 0).
 template <typename T>
 constexpr T one_of()
