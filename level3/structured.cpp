@@ -211,22 +211,41 @@ void structured_symm(const GemmPath& path, const char* side, const char* uplo, c
     }
 }
 
+namespace {
+
+// The uplo triangle of C := beta C + the products that `terms` asks for:
+// terms(product) calls product(scalar, x, ldx, y, ldy) once for each term
+// scalar op(X) op(Y)^T (Herm: ^H) of the update.
+template <class T, bool Herm, class S, class Terms>
+void update_triangle(const GemmPath& path, const char* uplo, const char* trans, i64 n, i64 k, bool alpha_zero,
+                     S beta, T* c, i64 ldc, const Terms& terms)
+{
+    if (n == 0) return;
+    if ((alpha_zero || k == 0) && is_one(beta)) return;
+    const bool upper = option_letter(uplo) == 'U';
+    scale_triangle<T, Herm>(upper, n, beta, c, ldc);
+    if (alpha_zero || k == 0) return;
+    // One view reads X as op(X), the other reads Y transposed (conjugated).
+    const bool as_is = option_letter(trans) == 'N';
+    const int mirror = Herm ? kStoredConjugated : kStoredTransposed;
+    const MatrixDesc<T> dc = describe_result(c, n, n, ldc);
+    const BlockRoutine<T> block = triangle_routine<T, Herm>(!upper);
+    terms([&](T scalar, const T* x, i64 ldx, const T* y, i64 ldy) {
+        const MatrixDesc<T> left = describe_operand(as_is ? kStoredAsIs : mirror, x, n, k, ldx);
+        const MatrixDesc<T> right = describe_operand(as_is ? mirror : kStoredAsIs, y, k, n, ldy);
+        blocked_product<T>(path, scalar, one_of<T>(), left, right, dc, block);
+    });
+}
+
+}  // namespace
+
 template <class T, bool Herm, class S>
 void structured_syrk(const GemmPath& path, const char* uplo, const char* trans, const i64* n, const i64* k,
                      const S* alpha, const T* a, const i64* lda, const S* beta, T* c, const i64* ldc)
 {
-    if (*n == 0) return;
-    const bool upper = option_letter(uplo) == 'U';
-    if ((is_zero(*alpha) || *k == 0) && is_one(*beta)) return;
-    scale_triangle<T, Herm>(upper, *n, *beta, c, *ldc);
-    if (is_zero(*alpha) || *k == 0) return;
-    // op(A) op(A)^T: one view of A reads it as op(A), the other as its transpose.
-    const bool as_is = option_letter(trans) == 'N';
-    const int mirror = Herm ? kStoredConjugated : kStoredTransposed;
-    const MatrixDesc<T> left = describe_operand(as_is ? kStoredAsIs : mirror, a, *n, *k, *lda);
-    const MatrixDesc<T> right = describe_operand(as_is ? mirror : kStoredAsIs, a, *k, *n, *lda);
-    blocked_product<T>(path, element_of<T>(*alpha), one_of<T>(), left, right, describe_result(c, *n, *n, *ldc),
-                       triangle_routine<T, Herm>(!upper));
+    update_triangle<T, Herm>(path, uplo, trans, *n, *k, is_zero(*alpha), *beta, c, *ldc, [&](const auto& product) {
+        product(element_of<T>(*alpha), a, *lda, a, *lda);
+    });
 }
 
 template <class T, bool Herm, class S>
@@ -234,22 +253,10 @@ void structured_syr2k(const GemmPath& path, const char* uplo, const char* trans,
                       const T* alpha, const T* a, const i64* lda, const T* b, const i64* ldb, const S* beta, T* c,
                       const i64* ldc)
 {
-    if (*n == 0) return;
-    const bool upper = option_letter(uplo) == 'U';
-    if ((is_zero(*alpha) || *k == 0) && is_one(*beta)) return;
-    scale_triangle<T, Herm>(upper, *n, *beta, c, *ldc);
-    if (is_zero(*alpha) || *k == 0) return;
-    const bool as_is = option_letter(trans) == 'N';
-    const int mirror = Herm ? kStoredConjugated : kStoredTransposed;
-    const MatrixDesc<T> dc = describe_result(c, *n, *n, *ldc);
-    const BlockRoutine<T> block = triangle_routine<T, Herm>(!upper);
-    const auto term = [&](T scalar, const T* x, i64 ldx, const T* y, i64 ldy) {
-        const MatrixDesc<T> left = describe_operand(as_is ? kStoredAsIs : mirror, x, *n, *k, ldx);
-        const MatrixDesc<T> right = describe_operand(as_is ? mirror : kStoredAsIs, y, *k, *n, ldy);
-        blocked_product<T>(path, scalar, one_of<T>(), left, right, dc, block);
-    };
-    term(*alpha, a, *lda, b, *ldb);
-    term(Herm ? conj(*alpha) : *alpha, b, *ldb, a, *lda);
+    update_triangle<T, Herm>(path, uplo, trans, *n, *k, is_zero(*alpha), *beta, c, *ldc, [&](const auto& product) {
+        product(*alpha, a, *lda, b, *ldb);
+        product(Herm ? conj(*alpha) : *alpha, b, *ldb, a, *lda);
+    });
 }
 
 template <class T>
