@@ -45,6 +45,8 @@ constexpr Level3Kernels on_path()
     table.zher2k = syr2k_member<Path, dcomplex, true, double>;
     table.dtrmm = trmm_member<Path, double>;
     table.ztrmm = trmm_member<Path, dcomplex>;
+    table.dtrsm = trsm_member<Path, double>;
+    table.ztrsm = trsm_member<Path, dcomplex>;
     return table;
 }
 

@@ -308,6 +308,88 @@ void structured_trmm(const GemmPath& path, const char* side, const char* uplo, c
     orv_free(copy);
 }
 
+namespace {
+
+// Orders up to this are solved by substitution: below it the products that
+// remove a solved half are too small to pay for their packing.
+constexpr i64 kSubstitutionOrder = 32;
+
+// One solve on a part of the triangle: the diagonal block [d, d + order) of
+// op(A) against the rows (side L) or columns (side R) [d, d + order) of B.
+template <class T>
+struct TriangularSolve {
+    const GemmPath& path;
+    const char* side;
+    const char* uplo;
+    const char* transa;
+    const char* diag;
+    bool left;
+    bool op_upper;  // op(A) is upper triangular
+    int op_kind;    // storage bits of op(A)
+    const T* a;
+    i64 lda;
+    T* b;
+    i64 ldb;
+    i64 rhs;  // columns (side L) or rows (side R) of B
+
+    // op(A) from element (r, c) on, as a general view of rows x cols.
+    MatrixDesc<T> op_a(i64 r, i64 c, i64 rows, i64 cols) const
+    {
+        const T* at = op_kind & kStoredAsIs ? a + r + c * lda : a + c + r * lda;
+        return describe_operand(op_kind, at, rows, cols, lda);
+    }
+    // Rows (side L) or columns (side R) [d, d + count) of B.
+    MatrixDesc<T> part(i64 d, i64 count) const
+    {
+        return left ? describe_result(b + d, count, rhs, ldb) : describe_result(b + d * ldb, rhs, count, ldb);
+    }
+
+    void solve(i64 d, i64 order) const
+    {
+        if (order <= kSubstitutionOrder) {
+            const T one = one_of<T>();
+            const i64 rows = left ? order : rhs, cols = left ? rhs : order;
+            T* block = left ? b + d : b + d * ldb;
+            if constexpr (is_complex<T>) cnr::ztrsm(side, uplo, transa, diag, &rows, &cols, &one, a + d + d * lda, &lda, block, &ldb);
+            else cnr::dtrsm(side, uplo, transa, diag, &rows, &cols, &one, a + d + d * lda, &lda, block, &ldb);
+            return;
+        }
+        // The half whose unknowns come first is solved first, then removed
+        // from the other: side L forward when op(A) is lower, side R when upper.
+        const i64 h = order / 2, first = d, second = d + h;
+        const bool forward = left != op_upper;
+        const i64 solved = forward ? first : second, solved_order = forward ? h : order - h;
+        const i64 rest = forward ? second : first, rest_order = forward ? order - h : h;
+        solve(solved, solved_order);
+        const T minus_one = -one_of<T>();
+        if (left) {
+            blocked_product<T>(path, minus_one, one_of<T>(), op_a(rest, solved, rest_order, solved_order),
+                               part(solved, solved_order), part(rest, rest_order), run_block<T>);
+        } else {
+            blocked_product<T>(path, minus_one, one_of<T>(), part(solved, solved_order),
+                               op_a(solved, rest, solved_order, rest_order), part(rest, rest_order), run_block<T>);
+        }
+        solve(rest, rest_order);
+    }
+};
+
+}  // namespace
+
+template <class T>
+void structured_trsm(const GemmPath& path, const char* side, const char* uplo, const char* transa,
+                     const char* diag, const i64* m, const i64* n, const T* alpha, const T* a, const i64* lda, T* b,
+                     const i64* ldb)
+{
+    if (*m == 0 || *n == 0) return;
+    // Alpha first; a zero alpha makes X zero without A being read.
+    scale_c(*m, *n, *alpha, b, *ldb);
+    if (is_zero(*alpha)) return;
+    const bool left = option_letter(side) == 'L', upper = option_letter(uplo) == 'U';
+    const TriangularSolve<T> s{path, side, uplo, transa, diag, left, upper == (option_letter(transa) == 'N'),
+                               storage_kind(transa), a, *lda, b, *ldb, left ? *n : *m};
+    s.solve(0, left ? *m : *n);
+}
+
 template void structured_symm<double, false>(const GemmPath&, const char*, const char*, const i64*, const i64*,
                                              const double*, const double*, const i64*, const double*, const i64*,
                                              const double*, double*, const i64*);
@@ -342,6 +424,13 @@ template void structured_trmm<double>(const GemmPath&, const char*, const char*,
                                       const i64*, const i64*, const double*, const double*, const i64*, double*,
                                       const i64*);
 template void structured_trmm<dcomplex>(const GemmPath&, const char*, const char*, const char*, const char*,
+                                        const i64*, const i64*, const dcomplex*, const dcomplex*, const i64*,
+                                        dcomplex*, const i64*);
+
+template void structured_trsm<double>(const GemmPath&, const char*, const char*, const char*, const char*,
+                                      const i64*, const i64*, const double*, const double*, const i64*, double*,
+                                      const i64*);
+template void structured_trsm<dcomplex>(const GemmPath&, const char*, const char*, const char*, const char*,
                                         const i64*, const i64*, const dcomplex*, const dcomplex*, const i64*,
                                         dcomplex*, const i64*);
 

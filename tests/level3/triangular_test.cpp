@@ -187,7 +187,7 @@ std::vector<TriCase<T>> cases(Tri routine)
                     for (int m : small_sizes())
                         for (int n : small_sizes()) add(m, n, s[index % 4], Poison::none);
                     for (const Shape3& sh : large_shapes()) add(sh.m, sh.n, s[index % 4], Poison::none);
-                    if (routine == Tri::trmm) add(block_shape().m, block_shape().n, s[3], Poison::none);
+                    add(block_shape().m, block_shape().n, s[3], Poison::none);
                     for (Poison p : {Poison::a, Poison::b}) {
                         add(6, 5, s[3], p);
                         add(17, 9, s[1], p);
