@@ -361,35 +361,43 @@ T scaled(T factor, T x)
 }
 
 // One panel of `width` lines (rows of op(A) or columns of op(B)) starting at
-// line p, depth [l0, l0 + depth); `at(line, l)` is the position (i, j) in
-// op(X) of step l of a line; `general` packs the panel from a general view.
+// line p, depth [l0, l0 + depth). The steps before the panel's first line,
+// those past its last line and those beside the diagonal are packed apart:
+// the first two each read one general view of X, or are zero, through
+// general(view, first step, steps, destination); only the square on the
+// diagonal is packed element by element. `at(line, l)` is the position
+// (i, j) in op(X) of step l of a line.
 template <class T, int Copies, class Position, class General>
 void pack_shaped_panel(const MatrixDesc<T>& x, i64 p, i64 width, i64 l0, i64 depth, T factor, bool lines_are_rows,
                        T* dst, Position at, General general)
 {
-    // The panel's lines against the depth: rows of op(A) lie below the
-    // diagonal where the depth index is smaller; columns of op(B) where it is larger.
-    const bool before = l0 + depth <= p;          // every step before the first line
-    const bool after = l0 >= p + width;           // every step past the last line
-    if (before || after) {
-        const Side side = (before == lines_are_rows) ? Side::strictly_lower : Side::strictly_upper;
+    constexpr i64 kParts = is_complex<T> ? 2 : 1;
+    const i64 end = l0 + depth;
+    // A step's values, as doubles, in the packed panel.
+    const i64 step_doubles = width * Copies * kParts;
+    double* const d = reinterpret_cast<double*>(dst);
+    const auto side_part = [&](i64 first, i64 last, bool before) {
+        if (first >= last) return;
+        // Rows of op(A) lie below the diagonal at the steps before them;
+        // columns of op(B) at the steps past them.
+        const Side side = before == lines_are_rows ? Side::strictly_lower : Side::strictly_upper;
+        double* part = d + (first - l0) * step_doubles;
         MatrixDesc<T> view;
         if (general_part(x, side, &view)) {
-            general(view, dst);
+            general(view, first, last - first, reinterpret_cast<T*>(part));
         } else {
-            double* d = reinterpret_cast<double*>(dst);
-            const i64 doubles = width * depth * Copies * (is_complex<T> ? 2 : 1);
-            for (i64 v = 0; v < doubles; ++v) d[v] = 0.0;
+            for (i64 v = 0; v < (last - first) * step_doubles; ++v) part[v] = 0.0;
         }
-        return;
-    }
-    double* d = reinterpret_cast<double*>(dst);
-    constexpr i64 kParts = is_complex<T> ? 2 : 1;
-    for (i64 l = 0; l < depth; ++l)
+    };
+    const i64 diagonal_first = p > l0 ? p : l0;
+    const i64 diagonal_last = p + width < end ? p + width : end;
+    side_part(l0, p < end ? p : end, true);
+    for (i64 l = diagonal_first; l < diagonal_last; ++l)
         for (i64 r = 0; r < width; ++r) {
-            const auto [i, j] = at(p + r, l0 + l);
-            put_value<Copies>(d + (l * width + r) * kParts * Copies, scaled(factor, shaped_value(x, i, j)));
+            const auto [i, j] = at(p + r, l);
+            put_value<Copies>(d + (l - l0) * step_doubles + r * Copies * kParts, scaled(factor, shaped_value(x, i, j)));
         }
+    side_part(p + width > l0 ? p + width : l0, end, false);
 }
 
 struct Position {
@@ -406,7 +414,9 @@ void pack_a_any(const MatrixDesc<T>* a, i64 i0, i64 rows, i64 l0, i64 depth, T a
         pack_shaped_panel<T, Copies>(
             *a, i0 + r, h, l0, depth, alpha, true, dst + r * depth * Copies,
             [](i64 line, i64 l) { return Position{line, l}; },
-            [&](const MatrixDesc<T>& view, T* d) { pack_general_a<Copies>(view, i0 + r, h, l0, depth, alpha, h, d); });
+            [&](const MatrixDesc<T>& view, i64 first, i64 steps, T* d) {
+                pack_general_a<Copies>(view, i0 + r, h, first, steps, alpha, h, d);
+            });
         r += h;
     }
 }
@@ -420,7 +430,9 @@ void pack_b_any(const MatrixDesc<T>* b, i64 l0, i64 depth, i64 j0, i64 cols, i64
         pack_shaped_panel<T, Copies>(
             *b, j0 + c, w, l0, depth, one_of<T>(), false, dst + c * depth * Copies,
             [](i64 line, i64 l) { return Position{l, line}; },
-            [&](const MatrixDesc<T>& view, T* d) { pack_general_b<Copies>(view, l0, depth, j0 + c, w, w, d); });
+            [&](const MatrixDesc<T>& view, i64 first, i64 steps, T* d) {
+                pack_general_b<Copies>(view, first, steps, j0 + c, w, w, d);
+            });
         c += w;
     }
 }

@@ -1,6 +1,8 @@
 // The shaped level-3 routines on the blocked frame.
 #include "level3/structured.h"
 
+#include <cstdint>
+
 #include "level3/gemm_driver.h"
 #include "level3/gemm_pack.h"
 #include "level3/gemm_route.h"
@@ -176,10 +178,6 @@ void triangular_block(const BlockTask<T>& t)
     }
 }
 
-// Whether x (both parts of a complex x) is neither infinite nor a NaN.
-inline bool is_finite(double x) { return x - x == 0.0; }
-inline bool is_finite(dcomplex x) { return is_finite(x.re) && is_finite(x.im); }
-
 int triangle_bits(bool upper) { return upper ? kUpperStored : kLowerStored; }
 
 // The shape bits of a symmetric (Herm: Hermitian) operand stored in its uplo triangle.
@@ -277,14 +275,18 @@ void structured_trmm(const GemmPath& path, const char* side, const char* uplo, c
     const i64 m_ = *m, n_ = *n;
     T* copy = static_cast<T*>(orv_malloc(static_cast<std::size_t>(m_ * n_) * sizeof(T), 64));
     const bool refused = alloc_failed(copy, is_complex<T> ? "ZTRMM" : "DTRMM");
-    bool finite = true;
-    for (i64 j = 0; j < n_ && !refused; ++j)
-        for (i64 i = 0; i < m_; ++i) {
-            const T x = b[i + j * *ldb];
-            finite = finite && is_finite(x);
-            copy[i + j * m_] = x;
+    // A value is infinite or a NaN when all its exponent bits are set.
+    constexpr std::uint64_t kExponent = 0x7ff0000000000000;
+    std::uint64_t non_finite = 0;
+    for (i64 j = 0; j < n_ && !refused; ++j) {
+        const std::uint64_t* from = reinterpret_cast<const std::uint64_t*>(b + j * *ldb);
+        std::uint64_t* to = reinterpret_cast<std::uint64_t*>(copy + j * m_);
+        for (i64 v = 0; v < m_ * (is_complex<T> ? 2 : 1); ++v) {
+            to[v] = from[v];
+            non_finite |= (from[v] & kExponent) == kExponent;
         }
-    if (refused || !finite) {
+    }
+    if (refused || non_finite != 0) {
         orv_free(copy);
         if constexpr (is_complex<T>) cnr::ztrmm(side, uplo, transa, diag, m, n, alpha, a, lda, b, ldb);
         else cnr::dtrmm(side, uplo, transa, diag, m, n, alpha, a, lda, b, ldb);
