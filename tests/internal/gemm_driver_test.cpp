@@ -514,6 +514,83 @@ TEST(GemmPack, PanelsHoldTheBlockInKernelOrder)
                 }
 }
 
+// Every shape of operand, as A (rows of op(X) in panels) and as B (columns
+// in panels, once and twice per value), complex: each packed value against
+// op(X) built from the definition of the shape. The block starts off the
+// diagonal and crosses it, so that panels before, on and past it are packed.
+TEST(GemmPack, ShapedOperandsHoldTheirMatrix)
+{
+    using Z = orv::dcomplex;
+    constexpr i64 order = 40, ld = 43;
+    Rng rng(11);
+    std::vector<Z> x(std::size_t(ld * order));
+    for (Z& v : x) v = {rng.full(), rng.full()};
+    const auto stored = [&](i64 i, i64 j) { return x[std::size_t(i + j * ld)]; };
+    const auto conj = [](Z v) { return Z{v.re, -v.im}; };
+    const auto divide = [](Z one, Z d) { return orv::operator/(one, d); };
+
+    const int letters[] = {orv::kStoredAsIs, orv::kStoredTransposed, orv::kStoredConjugated};
+    std::vector<int> kinds;
+    for (const int uplo : {orv::kUpperStored, orv::kLowerStored}) {
+        kinds.push_back(orv::kStoredAsIs | orv::kSymmetric | uplo);
+        kinds.push_back(orv::kStoredAsIs | orv::kHermitian | uplo);
+        for (const int letter : letters)
+            for (const int diag : {orv::kNonUnitDiagonal, orv::kUnitDiagonal,
+                                   orv::kNonUnitDiagonal | orv::kInvertedDiagonal})
+                kinds.push_back(letter | uplo | diag);
+    }
+    for (const int kind : kinds) {
+        // op(X)(i, j) from the definition of the shape.
+        const auto expected = [&](i64 i, i64 j) -> Z {
+            const bool upper = kind & orv::kUpperStored;
+            if (kind & (orv::kSymmetric | orv::kHermitian)) {
+                const bool herm = kind & orv::kHermitian;
+                if (i == j) return herm ? Z{stored(i, i).re, 0.0} : stored(i, i);
+                if (upper ? i < j : i > j) return stored(i, j);
+                return herm ? conj(stored(j, i)) : stored(j, i);
+            }
+            const bool trans = !(kind & orv::kStoredAsIs), cj = kind & orv::kStoredConjugated;
+            const i64 r = trans ? j : i, c = trans ? i : j;
+            const Z v = cj ? conj(stored(r, c)) : stored(r, c);
+            if (r == c) {
+                if (kind & orv::kUnitDiagonal) return {1.0, 0.0};
+                return (kind & orv::kInvertedDiagonal) ? divide({1.0, 0.0}, v) : v;
+            }
+            return (upper ? r < c : r > c) ? v : Z{};
+        };
+        const auto view = orv::describe_operand(kind, x.data(), order, order, ld);
+        const i64 first = 3, count = 29, l0 = 7, depth = 25;  // rows (columns) 3..31 against steps 7..31
+        for (const i64 full : {4, 6, 12}) {
+            std::vector<i64> widths;
+            for (i64 done = 0; done < count; done += widths.back())
+                widths.push_back(orv::next_panel_width(count - done, full));
+            std::vector<Z> packed(std::size_t(2 * count * depth));
+            orv::pack_a<Z>(&view, first, count, l0, depth, Z{1.0, 0.0}, full, packed.data());
+            for (i64 r = 0; r < count; ++r)
+                for (i64 l = 0; l < depth; ++l) {
+                    const Z got = packed[std::size_t(packed_index(widths, depth, r, l))];
+                    const Z want = expected(first + r, l0 + l);
+                    ASSERT_TRUE(got.re == want.re && got.im == want.im)
+                        << "A kind " << kind << " full " << full << " (" << first + r << "," << l0 + l << ")";
+                }
+            for (const i64 copies : {1, 2}) {
+                (copies == 1 ? orv::pack_b<Z> : orv::pack_b_doubled<Z>)(&view, l0, depth, first, count, full,
+                                                                        packed.data());
+                const double* d = reinterpret_cast<const double*>(packed.data());
+                for (i64 c = 0; c < count; ++c)
+                    for (i64 l = 0; l < depth; ++l) {
+                        const Z want = expected(l0 + l, first + c);
+                        const i64 at = 2 * copies * packed_index(widths, depth, c, l);
+                        for (i64 q = 0; q < copies; ++q)
+                            ASSERT_TRUE(d[at + q] == want.re && d[at + copies + q] == want.im)
+                                << "B kind " << kind << " copies " << copies << " (" << l0 + l << "," << first + c
+                                << ")";
+                    }
+            }
+        }
+    }
+}
+
 // ---- The blocked driver ----------------------------------------------------
 
 // Every tile of every path this processor runs, in its own blocks and in
