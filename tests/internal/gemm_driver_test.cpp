@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "level3/gemm_blocking.h"
+#include "level3/structured.h"
 #include "level3/gemm_driver.h"
 #include "level3/gemm_pack.h"
 #include "level3/gemm_route.h"
@@ -733,6 +734,66 @@ TEST(GemmDriver, ComplexFallsBackWithTheSameBits)
                 ASSERT_TRUE(std::memcmp(&blocked[i], &refused[i], sizeof(Z)) == 0)
                     << path->name << " " << letters << " element " << i;
         }
+}
+
+// Without a work buffer the shaped routines run their packers and block
+// routines one tile at a time from the stack: the same product, cut
+// differently, so equal to rounding.
+TEST(GemmDriver, ShapedRoutinesWithoutABuffer)
+{
+    using Z = orv::dcomplex;
+    static const i64 m = 45, n = 38, ld = 50;
+    Rng rng(5);
+    std::vector<Z> a(std::size_t(ld * ld)), b0(std::size_t(ld * ld));
+    for (Z& v : a) v = {rng.full() / 16, rng.full() / 16};
+    for (i64 i = 0; i < ld; ++i) a[std::size_t(i + i * ld)] = {2.0 + rng.full(), rng.full()};
+    for (Z& v : b0) v = {rng.full(), rng.full()};
+    static const Z alpha{0.5, -0.25}, beta{-1.0, 0.5};
+    static const double real_alpha = 0.5, real_beta = -1.0;
+    const struct {
+        const char* name;
+        void (*call)(const GemmPath&, const Z*, Z*);
+    } routines[] = {
+        {"zhemm R U", [](const GemmPath& p, const Z* a, Z* b) {
+             std::vector<Z> c(b, b + ld * ld);
+             orv::structured_symm<Z, true>(p, "R", "U", &m, &n, &alpha, a, &ld, c.data(), &ld, &beta, b, &ld);
+         }},
+        {"zherk L C", [](const GemmPath& p, const Z* a, Z* b) {
+             orv::structured_syrk<Z, true, double>(p, "L", "C", &n, &m, &real_alpha, a, &ld, &real_beta, b, &ld);
+         }},
+        {"zsyr2k U N", [](const GemmPath& p, const Z* a, Z* b) {
+             std::vector<Z> other(a + 1, a + ld * ld);
+             orv::structured_syr2k<Z, false, Z>(p, "U", "N", &n, &m, &alpha, a, &ld, other.data(), &ld, &beta, b,
+                                                &ld);
+         }},
+        {"ztrmm L U C N", [](const GemmPath& p, const Z* a, Z* b) {
+             orv::structured_trmm<Z>(p, "L", "U", "C", "N", &m, &n, &alpha, a, &ld, b, &ld);
+         }},
+        {"ztrsm R L T U", [](const GemmPath& p, const Z* a, Z* b) {
+             orv::structured_trsm<Z>(p, "R", "L", "T", "U", &m, &n, &alpha, a, &ld, b, &ld);
+         }},
+    };
+    for (const GemmPath* path : {&orv::kGemmPathAvx512, &orv::kGemmPathAvx512Qix, &orv::kGemmPathAvx2,
+                                 &orv::kGemmPathAvx, &orv::kGemmPathMc3, &orv::kGemmPathMc, &orv::kGemmPathDef}) {
+        if (!processor_runs(*path)) continue;
+        for (const auto& routine : routines) {
+            std::vector<Z> blocked = b0, refused = b0;
+            {
+                Observe observe(false);
+                routine.call(*path, a.data(), blocked.data());
+                EXPECT_EQ(last_road(), GemmEvent::blocked) << path->name << " " << routine.name;
+            }
+            {
+                Observe observe(true);
+                routine.call(*path, a.data(), refused.data());
+                EXPECT_EQ(last_road(), GemmEvent::fallback) << path->name << " " << routine.name;
+            }
+            double worst = 0;
+            for (std::size_t i = 0; i < blocked.size(); ++i)
+                worst = std::max(worst, std::fabs(blocked[i].re - refused[i].re) + std::fabs(blocked[i].im - refused[i].im));
+            EXPECT_LT(worst, 1e-12) << path->name << " " << routine.name;
+        }
+    }
 }
 
 }  // namespace
