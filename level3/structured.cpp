@@ -75,22 +75,25 @@ void triangle_block(const BlockTask<T>& t)
             flush();
             if (!outside) {
                 alignas(64) double scratch[kScratchDoubles];
-                T* s = reinterpret_cast<T*>(scratch);
-                run_columns(t, q, width, s);
-                for (i64 jj = 0; jj < width; ++jj)
-                    for (i64 ii = 0; ii < t.h; ++ii) {
-                        const i64 row = first_row + ii, col = first_col + jj;
-                        if (Lower ? row < col : row > col) continue;
-                        T& c = t.c[ii + (q + jj) * t.ldc];
-                        const T sum = s[ii + jj * t.h];
-                        if constexpr (Herm) {
-                            if (row == col) {
-                                c = T{(t.store ? 0.0 : c.re) + sum.re, 0.0};
-                                continue;
-                            }
+                T* sums = reinterpret_cast<T*>(scratch);
+                run_columns(t, q, width, sums);
+                for (i64 jj = 0; jj < width; ++jj) {
+                    // The rows of this column inside the triangle, and where the diagonal falls.
+                    const i64 diagonal = first_col + jj - first_row;
+                    i64 from = Lower ? (diagonal > 0 ? diagonal : 0) : 0;
+                    i64 to = Lower ? t.h : (diagonal + 1 < t.h ? diagonal + 1 : t.h);
+                    T* c = t.c + (q + jj) * t.ldc;
+                    const T* sum = sums + jj * t.h;
+                    if constexpr (Herm) {
+                        // A diagonal element takes the real part of its sum and stays real.
+                        if (diagonal >= 0 && diagonal < t.h) {
+                            c[diagonal] = T{(t.store ? 0.0 : c[diagonal].re) + sum[diagonal].re, 0.0};
+                            if (Lower) from = diagonal + 1;
+                            else to = diagonal;
                         }
-                        c = t.store ? sum : c + sum;
                     }
+                    for (i64 ii = from; ii < to; ++ii) c[ii] = t.store ? sum[ii] : c[ii] + sum[ii];
+                }
             }
         }
         q += width;
