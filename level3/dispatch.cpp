@@ -3,6 +3,7 @@
 #include "level3/dispatch.h"
 
 #include "level3/gemm_route.h"
+#include "level3/trsm_driver.h"
 
 namespace orv {
 namespace {
@@ -26,24 +27,28 @@ constexpr Level3Kernels kPlain = {
     .ztrsm = cnr::ztrsm,
 };
 
-// The plain members, with the real product that a build has of its own.
-constexpr Level3Kernels with_dgemm(decltype(&cnr::dgemm) dgemm)
+// The plain members, with the real product and solve that a build has of its own.
+constexpr Level3Kernels with_own(decltype(&cnr::dgemm) dgemm, decltype(&cnr::dtrsm) dtrsm)
 {
     Level3Kernels table = kPlain;
     table.dgemm = dgemm;
+    table.dtrsm = dtrsm;
     return table;
 }
 
-constexpr Level3Kernels kAvx512 = with_dgemm(dgemm_member<kGemmPathAvx512>);
-constexpr Level3Kernels kAvx512Qix = with_dgemm(dgemm_member<kGemmPathAvx512Qix>);
-constexpr Level3Kernels kAvx2 = with_dgemm(dgemm_member<kGemmPathAvx2>);
-constexpr Level3Kernels kAvx = with_dgemm(dgemm_member<kGemmPathAvx>);
-constexpr Level3Kernels kMc3 = with_dgemm(dgemm_member<kGemmPathMc3>);
-constexpr Level3Kernels kMc = with_dgemm(dgemm_member<kGemmPathMc>);
-constexpr Level3Kernels kDef = with_dgemm(dgemm_member<kGemmPathDef>);
-// The baseline's product already gives the same bits on every processor and
-// wherever the arrays lie, so the reproducible build shares it.
-constexpr Level3Kernels kCnr = with_dgemm(dgemm_member<kGemmPathDef>);
+template <const GemmPath& Path, const TrsmKernels& Kernels>
+constexpr Level3Kernels own_members = with_own(dgemm_member<Path>, dtrsm_member<Path, Kernels>);
+
+constexpr Level3Kernels kAvx512 = own_members<kGemmPathAvx512, avx512::kTrsmKernels>;
+constexpr Level3Kernels kAvx512Qix = own_members<kGemmPathAvx512Qix, avx512_qix::kTrsmKernels>;
+constexpr Level3Kernels kAvx2 = own_members<kGemmPathAvx2, avx2::kTrsmKernels>;
+constexpr Level3Kernels kAvx = own_members<kGemmPathAvx, avx::kTrsmKernels>;
+constexpr Level3Kernels kMc3 = own_members<kGemmPathMc3, mc3::kTrsmKernels>;
+constexpr Level3Kernels kMc = own_members<kGemmPathMc, mc::kTrsmKernels>;
+constexpr Level3Kernels kDef = own_members<kGemmPathDef, def::kTrsmKernels>;
+// The baseline's product and solve already give the same bits on every
+// processor and wherever the arrays lie, so the reproducible build shares them.
+constexpr Level3Kernels kCnr = kDef;
 
 }  // namespace
 

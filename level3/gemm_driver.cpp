@@ -76,7 +76,7 @@ void blocked_loops(const GemmOp& op, const MatrixDesc& a, const MatrixDesc& b, c
             i64 packed_rows = 0;
             for (i64 j0 = 0; j0 < n; j0 += blocks.nc) {
                 const i64 nb = min_of(blocks.nc, n - j0);
-                plan.pack_b(&b, l0, kb, j0, nb, nr, packed_b);
+                plan.pack_b(&b, l0, kb, j0, nb, 1.0, nr, packed_b);
                 for (i64 ip = 0; ip < mb; ip += mr) {
                     const i64 h = min_of(mr, mb - ip);
                     double* panel = packed_a + ip * kb;

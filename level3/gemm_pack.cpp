@@ -209,25 +209,29 @@ void pack_a_transposed(const MatrixDesc* a, i64 i0, i64 rows, i64 l0, i64 depth,
     pack_panels<Lines<1>>(rows, mr, a->ld, depth, alpha, 1, dst, [&](i64 r) { return a->elem_addr(i0 + r, l0, a); });
 }
 
-void pack_b_plain(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, double* dst)
+void pack_b_plain(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, double factor, i64 nr,
+                  double* dst)
 {
-    pack_panels<Lines<1>>(cols, nr, b->ld, depth, 1.0, 1, dst, [&](i64 c) { return b->elem_addr(l0, j0 + c, b); });
+    pack_panels<Lines<1>>(cols, nr, b->ld, depth, factor, 1, dst, [&](i64 c) { return b->elem_addr(l0, j0 + c, b); });
 }
 
-void pack_b_transposed(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, double* dst)
+void pack_b_transposed(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, double factor, i64 nr,
+                  double* dst)
 {
-    pack_panels<Adjacent<1>>(cols, nr, b->ld, depth, 1.0, 1, dst,
+    pack_panels<Adjacent<1>>(cols, nr, b->ld, depth, factor, 1, dst,
                              [&](i64 c) { return b->elem_addr(l0, j0 + c, b); });
 }
 
-void pack_b_plain_doubled(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, double* dst)
+void pack_b_plain_doubled(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, double factor, i64 nr,
+                  double* dst)
 {
-    pack_panels<Lines<2>>(cols, nr, b->ld, depth, 1.0, 2, dst, [&](i64 c) { return b->elem_addr(l0, j0 + c, b); });
+    pack_panels<Lines<2>>(cols, nr, b->ld, depth, factor, 2, dst, [&](i64 c) { return b->elem_addr(l0, j0 + c, b); });
 }
 
-void pack_b_transposed_doubled(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, double* dst)
+void pack_b_transposed_doubled(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, double factor, i64 nr,
+                  double* dst)
 {
-    pack_panels<Adjacent<2>>(cols, nr, b->ld, depth, 1.0, 2, dst,
+    pack_panels<Adjacent<2>>(cols, nr, b->ld, depth, factor, 2, dst,
                              [&](i64 c) { return b->elem_addr(l0, j0 + c, b); });
 }
 

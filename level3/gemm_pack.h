@@ -29,11 +29,15 @@ void pack_a_transposed(const MatrixDesc* a, i64 i0, i64 rows, i64 l0, i64 depth,
                        double* dst);
 
 // op(B) stored as is, or transposed: see PackB.
-void pack_b_plain(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, double* dst);
-void pack_b_transposed(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, double* dst);
+void pack_b_plain(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, double factor, i64 nr,
+                  double* dst);
+void pack_b_transposed(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, double factor, i64 nr,
+                  double* dst);
 // The same panels with every value written twice in a row, for tiles that
 // want a broadcast pair from one load (GemmTile::b_copies = 2).
-void pack_b_plain_doubled(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, double* dst);
-void pack_b_transposed_doubled(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, double* dst);
+void pack_b_plain_doubled(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, double factor, i64 nr,
+                  double* dst);
+void pack_b_transposed_doubled(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, double factor, i64 nr,
+                  double* dst);
 
 }  // namespace orv

@@ -141,9 +141,10 @@ static_assert(sizeof(BlockPlan) <= 256, "a caller's plan is copied as 256 bytes 
 // row panels of mr rows and then the narrower panels of the remainder.
 using PackA = void (*)(const MatrixDesc* a, i64 i0, i64 rows, i64 l0, i64 depth, double alpha, i64 mr,
                        double* dst);
-// Rows [l0, l0 + depth) x columns [j0, j0 + cols) of op(B) into column panels
-// of nr columns and then the narrower panels of the remainder.
-using PackB = void (*)(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, double* dst);
+// Rows [l0, l0 + depth) x columns [j0, j0 + cols) of op(B), times factor, into
+// column panels of nr columns and then the narrower panels of the remainder.
+using PackB = void (*)(const MatrixDesc* b, i64 l0, i64 depth, i64 j0, i64 cols, double factor, i64 nr,
+                       double* dst);
 // C[0..m-1, 0..n-1] (beta 0: =, else +=) packed A times packed B.
 using BlockRoutine = void (*)(const GemmTile* tile, i64 m, i64 n, i64 k, const double* a, const double* b, double* c,
                               i64 ldc, double beta);

@@ -497,19 +497,19 @@ TEST(GemmPack, PanelsHoldTheBlockInKernelOrder)
                     for (std::size_t i = std::size_t(count * depth); i < packed.size(); ++i)
                         ASSERT_EQ(packed[i], 12345.0) << "A " << what << ": written past the block";
 
-                    // B: rows [4, 4 + depth) x columns [1, 1 + count) of the view, unscaled,
-                    // each value once or twice in a row.
+                    // B: rows [4, 4 + depth) x columns [1, 1 + count) of the view, times
+                    // the factor, each value once or twice in a row.
                     for (const i64 copies : {1, 2}) {
                         packed.assign(std::size_t(2 * count * depth + 8), 12345.0);
                         const auto packer = transposed ? (copies == 1 ? orv::pack_b_transposed
                                                                       : orv::pack_b_transposed_doubled)
                                                        : (copies == 1 ? orv::pack_b_plain : orv::pack_b_plain_doubled);
-                        packer(&view, 4, depth, 1, count, full, packed.data());
+                        packer(&view, 4, depth, 1, count, -2.0, full, packed.data());
                         for (i64 c = 0; c < count; ++c)
                             for (i64 l = 0; l < depth; ++l)
                                 for (i64 q = 0; q < copies; ++q)
                                     ASSERT_EQ(packed[std::size_t(copies * packed_index(widths, depth, c, l) + q)],
-                                              double(64 * (6 + l) + (4 + c)))
+                                              -2.0 * double(64 * (6 + l) + (4 + c)))
                                         << "B " << what << " copies=" << copies << " c=" << c << " l=" << l;
                         for (std::size_t i = std::size_t(copies * count * depth); i < packed.size(); ++i)
                             ASSERT_EQ(packed[i], 12345.0) << "B " << what << ": written past the block";

@@ -1,0 +1,15 @@
+// AVX2 kernels of the real triangular solve: the 12 x 4 tile on side R, 4 x 12
+// (one vector of B's columns against 12 unknowns) on side L.
+#include <immintrin.h>
+
+#include "level3/kernels/trsm_kernel.h"
+
+namespace orv::avx2 {
+
+#include "level3/kernels/gemm_lanes.inc"
+#include "level3/kernels/trsm_direct.inc"
+#include "level3/kernels/trsm_solve.inc"
+
+extern const TrsmKernels kTrsmKernels = make_trsm_kernels<Lane<4>, 12, 4, 1>(trsm_direct);
+
+}  // namespace orv::avx2

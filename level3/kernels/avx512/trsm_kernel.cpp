@@ -1,0 +1,15 @@
+// AVX-512 kernels of the real triangular solve: the 24 x 8 tile on side R, 8 x 24
+// (one vector of B's columns against 24 unknowns) on side L.
+#include <immintrin.h>
+
+#include "level3/kernels/trsm_kernel.h"
+
+namespace orv::avx512 {
+
+#include "level3/kernels/gemm_lanes.inc"
+#include "level3/kernels/trsm_direct.inc"
+#include "level3/kernels/trsm_solve.inc"
+
+extern const TrsmKernels kTrsmKernels = make_trsm_kernels<Lane<8>, 24, 8, 1>(trsm_direct);
+
+}  // namespace orv::avx512
