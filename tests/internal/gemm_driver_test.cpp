@@ -1,7 +1,8 @@
 // The single-thread real product: block sizes, the tile chooser, the road
 // each code path takes, the packed layouts, the blocked driver over every
 // tile this processor can run, and the unpacked fall-back when no buffer can
-// be had.
+// be had. Then the triangular solve built on the same pieces: its roads and
+// its fall-back.
 //
 // Inputs are coarse values (12 significant bits), so every sum here is exact
 // whatever its order: results are compared bit for bit.
@@ -21,6 +22,7 @@
 #include "level3/gemm_driver.h"
 #include "level3/gemm_pack.h"
 #include "level3/gemm_route.h"
+#include "level3/trsm_driver.h"
 #include "orv_test.h"
 
 namespace orv {
@@ -635,6 +637,100 @@ TEST(GemmDriver, FallsBackWithoutABuffer)
     call(orv::dgemm_member<orv::kGemmPathDef>, p);
     EXPECT_EQ(last_road(), GemmEvent::fallback);
     EXPECT_TRUE(p.matches()) << "member fall-back " << p.describe();
+}
+
+// ---- The triangular solve ----------------------------------------------------
+
+using TrsmMember = void (*)(const char*, const char*, const char*, const char*, const i64*, const i64*,
+                            const double*, const double*, const i64*, double*, const i64*);
+const struct {
+    const GemmPath* path;
+    TrsmMember member;
+    const orv::TrsmKernels* kernels;
+} kSolvers[] = {
+    {&orv::kGemmPathAvx512, orv::dtrsm_member<orv::kGemmPathAvx512, orv::avx512::kTrsmKernels>,
+     &orv::avx512::kTrsmKernels},
+    {&orv::kGemmPathAvx512Qix, orv::dtrsm_member<orv::kGemmPathAvx512Qix, orv::avx512_qix::kTrsmKernels>,
+     &orv::avx512_qix::kTrsmKernels},
+    {&orv::kGemmPathAvx2, orv::dtrsm_member<orv::kGemmPathAvx2, orv::avx2::kTrsmKernels>, &orv::avx2::kTrsmKernels},
+    {&orv::kGemmPathAvx, orv::dtrsm_member<orv::kGemmPathAvx, orv::avx::kTrsmKernels>, &orv::avx::kTrsmKernels},
+    {&orv::kGemmPathMc3, orv::dtrsm_member<orv::kGemmPathMc3, orv::mc3::kTrsmKernels>, &orv::mc3::kTrsmKernels},
+    {&orv::kGemmPathMc, orv::dtrsm_member<orv::kGemmPathMc, orv::mc::kTrsmKernels>, &orv::mc::kTrsmKernels},
+    {&orv::kGemmPathDef, orv::dtrsm_member<orv::kGemmPathDef, orv::def::kTrsmKernels>, &orv::def::kTrsmKernels},
+};
+
+// A solve of order `order` with a well-conditioned triangle (the other one
+// NaN, never read) and B with a spare row around it.
+struct Solve {
+    char side, uplo, transa, diag;
+    i64 m, n, lda, ldb;
+    double alpha;
+    std::vector<double> a, b;
+    Solve(char side_, char uplo_, char transa_, char diag_, i64 order, i64 other, double alpha_)
+        : side(side_), uplo(uplo_), transa(transa_), diag(diag_), alpha(alpha_)
+    {
+        Rng rng(std::uint64_t(order * 7 + other));
+        const bool left = side == 'L';
+        m = left ? order : other;
+        n = left ? other : order;
+        lda = order + 2;
+        ldb = m + 1;
+        a.assign(std::size_t(lda * order), NAN);
+        for (i64 j = 0; j < order; ++j)
+            for (i64 i = 0; i < order; ++i)
+                if (uplo == 'U' ? i <= j : i >= j) a[std::size_t(i + j * lda)] = i == j ? 4 + rng.coarse() : rng.coarse();
+        b.resize(std::size_t(ldb * n));
+        for (double& x : b) x = rng.coarse();
+    }
+    void run(TrsmMember member)
+    {
+        member(&side, &uplo, &transa, &diag, &m, &n, &alpha, a.data(), &lda, b.data(), &ldb);
+    }
+    std::string describe() const
+    {
+        return std::string(1, side) + uplo + transa + diag + " m=" + std::to_string(m) + " n=" + std::to_string(n);
+    }
+};
+
+// The direct kernel up to order 12 and at multiples of 4 up to 88, the
+// blocked road elsewhere; without a buffer the blocked road gives the direct
+// kernel's bits; alpha 0 clears B without reading A.
+TEST(TrsmRoad, OrderPicksTheRoadAndAMissingBufferFallsBack)
+{
+    for (const auto& solver : kSolvers) {
+        if (!processor_runs(*solver.path)) continue;
+        for (const char side : {'L', 'R'})
+            for (const i64 order : {12, 13, 88, 89, 90}) {
+                Solve s(side, 'U', 'T', 'N', order, 9, 1.0);
+                Observe observe(false);
+                s.run(solver.member);
+                EXPECT_EQ(last_road(), orv::trsm_direct_order(order) ? GemmEvent::direct : GemmEvent::blocked)
+                    << solver.path->name << " " << s.describe();
+            }
+        for (const char side : {'L', 'R'})
+            for (const char uplo : {'U', 'L'}) {
+                Solve s(side, uplo, 'N', 'N', 90, 7, 1.0);
+                std::vector<double> want = s.b;
+                solver.kernels->direct(side == 'L', uplo == 'U', false, false, s.m, s.n, s.a.data(), s.lda,
+                                       want.data(), s.ldb);
+                Observe observe(true);
+                s.run(solver.member);
+                EXPECT_EQ(last_road(), GemmEvent::fallback) << solver.path->name << " " << s.describe();
+                for (std::size_t i = 0; i < want.size(); ++i)
+                    ASSERT_TRUE(orvtest::same_bits(s.b[i], want[i])) << solver.path->name << " " << s.describe()
+                                                                     << " element " << i;
+            }
+        Solve s('R', 'L', 'T', 'U', 90, 7, 0.0);
+        std::fill(s.a.begin(), s.a.end(), NAN);
+        const std::vector<double> before = s.b;
+        Observe observe(false);
+        s.run(solver.member);
+        EXPECT_EQ(last_road(), GemmEvent::scaled) << solver.path->name;
+        for (std::size_t i = 0; i < s.b.size(); ++i) {
+            const bool in_b = i64(i) % s.ldb < s.m;  // the spare row keeps its value
+            ASSERT_TRUE(orvtest::same_bits(s.b[i], in_b ? 0.0 : before[i])) << solver.path->name << " element " << i;
+        }
+    }
 }
 
 }  // namespace
