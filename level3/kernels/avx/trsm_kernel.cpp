@@ -10,6 +10,6 @@ namespace orv::avx {
 #include "level3/kernels/trsm_direct.inc"
 #include "level3/kernels/trsm_solve.inc"
 
-extern const TrsmKernels kTrsmKernels = make_trsm_kernels<Lane<4>, 8, 4, 1>(trsm_direct);
+extern const TrsmKernels kTrsmKernels = TrsmTiles<Lane<4>, 8, 4, 1>::kernels();
 
 }  // namespace orv::avx

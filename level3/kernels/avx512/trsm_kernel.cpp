@@ -10,6 +10,6 @@ namespace orv::avx512 {
 #include "level3/kernels/trsm_direct.inc"
 #include "level3/kernels/trsm_solve.inc"
 
-extern const TrsmKernels kTrsmKernels = make_trsm_kernels<Lane<8>, 24, 8, 1>(trsm_direct);
+extern const TrsmKernels kTrsmKernels = TrsmTiles<Lane<8>, 24, 8, 1>::kernels();
 
 }  // namespace orv::avx512

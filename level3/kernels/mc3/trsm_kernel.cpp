@@ -9,6 +9,6 @@ namespace orv::mc3 {
 #include "level3/kernels/trsm_direct.inc"
 #include "level3/kernels/trsm_solve.inc"
 
-extern const TrsmKernels kTrsmKernels = make_trsm_kernels<Lane<2>, 4, 4, 2>(trsm_direct);
+extern const TrsmKernels kTrsmKernels = TrsmTiles<Lane<2>, 4, 4, 2>::kernels();
 
 }  // namespace orv::mc3
