@@ -733,4 +733,45 @@ TEST(TrsmRoad, OrderPicksTheRoadAndAMissingBufferFallsBack)
     }
 }
 
+// The four blocked drivers with blocks of a few tiles, so that small solves
+// cross many diagonal blocks, row blocks and column slices; compared with
+// the direct kernel of the same path.
+TEST(TrsmDriver, SmallBlocksGiveTheSolve)
+{
+    for (const auto& solver : kSolvers) {
+        if (!processor_runs(*solver.path)) continue;
+        for (const char side : {'L', 'R'})
+            for (const char uplo : {'U', 'L'})
+                for (const char transa : {'N', 'T'})
+                    for (const char diag : {'N', 'U'}) {
+                        Solve s(side, uplo, transa, diag, 61, 29, 1.0);
+                        std::vector<double> want = s.b;
+                        solver.kernels->direct(side == 'L', uplo == 'U', transa == 'T', diag == 'U', s.m, s.n,
+                                               s.a.data(), s.lda, want.data(), s.ldb);
+                        const orv::TrsmCall call = {side == 'L', uplo == 'U', transa == 'T', diag == 'U', &s.transa,
+                                                    s.m, s.n, s.a.data(), s.lda, s.b.data(), s.ldb};
+                        orv::TrsmPlan plan;
+                        orv::plan_trsm(*solver.path, *solver.kernels, call, &plan);
+                        orv::BlockPlan blocks;
+                        orv::trsm_blocks(call, plan, &blocks);
+                        const i64 copies = plan.params.b_copies;
+                        blocks.mc = 2 * plan.params.mr;
+                        blocks.nc = 2 * plan.params.nr;
+                        blocks.kc = 16;
+                        blocks.depth_capacity = 18;
+                        blocks.a.rows = blocks.mc + blocks.depth_capacity * copies;
+                        blocks.a.cols = blocks.depth_capacity;
+                        blocks.b.rows = blocks.depth_capacity;
+                        blocks.b.cols = blocks.nc * copies;
+                        orv::acquire_buffer(&blocks);
+                        ASSERT_NE(blocks.buffer, nullptr);
+                        plan.driver(call, plan, blocks);
+                        orv::release_buffer(&blocks);
+                        for (std::size_t i = 0; i < want.size(); ++i)
+                            ASSERT_NEAR(s.b[i], want[i], 1e-12 * (1 + std::fabs(want[i])))
+                                << solver.path->name << " " << s.describe() << " element " << i;
+                    }
+    }
+}
+
 }  // namespace
