@@ -678,7 +678,8 @@ struct Solve {
         a.assign(std::size_t(lda * order), NAN);
         for (i64 j = 0; j < order; ++j)
             for (i64 i = 0; i < order; ++i)
-                if (uplo == 'U' ? i <= j : i >= j) a[std::size_t(i + j * lda)] = i == j ? 4 + rng.coarse() : rng.coarse();
+                if (uplo == 'U' ? i <= j : i >= j)
+                    a[std::size_t(i + j * lda)] = i == j ? 4 + rng.coarse() : rng.coarse();
         b.resize(std::size_t(ldb * n));
         for (double& x : b) x = rng.coarse();
     }
