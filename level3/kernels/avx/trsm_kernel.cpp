@@ -11,6 +11,6 @@ namespace orv::avx {
 #include "level3/kernels/trsm_direct.inc"
 #include "level3/kernels/trsm_solve.inc"
 
-extern const TrsmKernels kTrsmKernels = TrsmTiles<Lane<4>, 8, 4, 1, 8, 2, 4>::kernels();
+extern const TrsmKernels kTrsmKernels = TrsmTiles<Lane<4>, 8, 4, 1, 8, 8, 2, 4>::kernels();
 
 }  // namespace orv::avx

@@ -11,6 +11,6 @@ namespace orv::avx2 {
 #include "level3/kernels/trsm_direct.inc"
 #include "level3/kernels/trsm_solve.inc"
 
-extern const TrsmKernels kTrsmKernels = TrsmTiles<Lane<4>, 12, 4, 1, 8, 2, 6>::kernels();
+extern const TrsmKernels kTrsmKernels = TrsmTiles<Lane<4>, 12, 4, 1, 12, 8, 2, 6>::kernels();
 
 }  // namespace orv::avx2
