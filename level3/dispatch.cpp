@@ -4,6 +4,7 @@
 
 #include "level3/gemm_route.h"
 #include "level3/structured.h"
+#include "level3/trsm_driver.h"
 
 namespace orv {
 namespace {
@@ -27,8 +28,10 @@ constexpr Level3Kernels kPlain = {
     .ztrsm = cnr::ztrsm,
 };
 
-// The plain members, with the products that a build has of its own.
-template <const GemmPath& Path>
+// The plain members, with the products and solves that a build has of its
+// own: the real solve with the path's solve kernels, the complex one on the
+// frame.
+template <const GemmPath& Path, const TrsmKernels& Solve>
 constexpr Level3Kernels on_path()
 {
     Level3Kernels table = kPlain;
@@ -45,21 +48,21 @@ constexpr Level3Kernels on_path()
     table.zher2k = syr2k_member<Path, dcomplex, true, double>;
     table.dtrmm = trmm_member<Path, double>;
     table.ztrmm = trmm_member<Path, dcomplex>;
-    table.dtrsm = trsm_member<Path, double>;
+    table.dtrsm = dtrsm_member<Path, Solve>;
     table.ztrsm = trsm_member<Path, dcomplex>;
     return table;
 }
 
-constexpr Level3Kernels kAvx512 = on_path<kGemmPathAvx512>();
-constexpr Level3Kernels kAvx512Qix = on_path<kGemmPathAvx512Qix>();
-constexpr Level3Kernels kAvx2 = on_path<kGemmPathAvx2>();
-constexpr Level3Kernels kAvx = on_path<kGemmPathAvx>();
-constexpr Level3Kernels kMc3 = on_path<kGemmPathMc3>();
-constexpr Level3Kernels kMc = on_path<kGemmPathMc>();
-constexpr Level3Kernels kDef = on_path<kGemmPathDef>();
+constexpr Level3Kernels kAvx512 = on_path<kGemmPathAvx512, avx512::kTrsmKernels>();
+constexpr Level3Kernels kAvx512Qix = on_path<kGemmPathAvx512Qix, avx512_qix::kTrsmKernels>();
+constexpr Level3Kernels kAvx2 = on_path<kGemmPathAvx2, avx2::kTrsmKernels>();
+constexpr Level3Kernels kAvx = on_path<kGemmPathAvx, avx::kTrsmKernels>();
+constexpr Level3Kernels kMc3 = on_path<kGemmPathMc3, mc3::kTrsmKernels>();
+constexpr Level3Kernels kMc = on_path<kGemmPathMc, mc::kTrsmKernels>();
+constexpr Level3Kernels kDef = on_path<kGemmPathDef, def::kTrsmKernels>();
 // The baseline's products already give the same bits on every processor and
 // wherever the arrays lie, so the reproducible build shares them.
-constexpr Level3Kernels kCnr = on_path<kGemmPathDef>();
+constexpr Level3Kernels kCnr = kDef;
 
 }  // namespace
 

@@ -83,7 +83,7 @@ void blocked_loops(const GemmOp<T>& op, const MatrixDesc<T>& a, const MatrixDesc
             i64 packed_rows = 0;
             for (i64 j0 = 0; j0 < n; j0 += blocks.nc) {
                 const i64 nb = min_of(blocks.nc, n - j0);
-                plan.pack_b(&b, l0, kb, j0, nb, nr, packed_b);
+                plan.pack_b(&b, l0, kb, j0, nb, one_of<T>(), nr, packed_b);
                 task.j = j0;
                 task.w = nb;
                 for (i64 ip = 0; ip < mb; ip += mr) {

@@ -1,5 +1,7 @@
 // Which road a real matrix product takes, told to an observer that only the
-// library's own tests install. With no observer the cost is one test of a
+// library's own tests install. The triangular solve, built on the same
+// buffer, tells its roads the same way (direct, scaled for alpha 0, blocked,
+// fallback). With no observer the cost is one test of a
 // pointer that is always null, so the branch is always predicted.
 #pragma once
 

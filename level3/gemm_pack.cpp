@@ -283,19 +283,21 @@ void pack_general_a(const MatrixDesc<dcomplex>& a, i64 i0, i64 rows, i64 l0, i64
 }
 
 template <int Copies>
-void pack_general_b(const MatrixDesc<double>& b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, double* dst)
+void pack_general_b(const MatrixDesc<double>& b, i64 l0, i64 depth, i64 j0, i64 cols, double factor, i64 nr,
+                    double* dst)
 {
     const auto source = [&](i64 c) { return b.elem_addr(l0, j0 + c, &b); };
-    if (reads_transposed(b)) pack_panels<Adjacent<Copies>>(cols, nr, b.ld, depth, 1.0, Copies, dst, source);
-    else pack_panels<Lines<Copies>>(cols, nr, b.ld, depth, 1.0, Copies, dst, source);
+    if (reads_transposed(b)) pack_panels<Adjacent<Copies>>(cols, nr, b.ld, depth, factor, Copies, dst, source);
+    else pack_panels<Lines<Copies>>(cols, nr, b.ld, depth, factor, Copies, dst, source);
 }
 
 template <int Copies>
-void pack_general_b(const MatrixDesc<dcomplex>& b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, dcomplex* dst)
+void pack_general_b(const MatrixDesc<dcomplex>& b, i64 l0, i64 depth, i64 j0, i64 cols, dcomplex factor, i64 nr,
+                    dcomplex* dst)
 {
     // op(B) transposed holds a step's columns side by side; as is, each column runs along the depth.
     const bool transposed = reads_transposed(b);
-    pack_complex_panels<Copies>(b, transposed, cols, nr, depth, dcomplex{1.0, 0.0}, reinterpret_cast<double*>(dst),
+    pack_complex_panels<Copies>(b, transposed, cols, nr, depth, factor, reinterpret_cast<double*>(dst),
                                 b.elem_addr(l0, j0, &b), transposed ? 1 : b.ld);
 }
 
@@ -431,16 +433,16 @@ void pack_a_any(const MatrixDesc<T>* a, i64 i0, i64 rows, i64 l0, i64 depth, T a
 }
 
 template <class T, int Copies>
-void pack_b_any(const MatrixDesc<T>* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, T* dst)
+void pack_b_any(const MatrixDesc<T>* b, i64 l0, i64 depth, i64 j0, i64 cols, T factor, i64 nr, T* dst)
 {
-    if (is_general(*b)) return pack_general_b<Copies>(*b, l0, depth, j0, cols, nr, dst);
+    if (is_general(*b)) return pack_general_b<Copies>(*b, l0, depth, j0, cols, factor, nr, dst);
     for (i64 c = 0; c < cols;) {
         const i64 w = next_panel_width(cols - c, nr);
         pack_shaped_panel<T, Copies>(
-            *b, j0 + c, w, l0, depth, one_of<T>(), false, dst + c * depth * Copies,
+            *b, j0 + c, w, l0, depth, factor, false, dst + c * depth * Copies,
             [](i64 line, i64 l) { return Position{l, line}; },
             [&](const MatrixDesc<T>& view, i64 first, i64 steps, T* d) {
-                pack_general_b<Copies>(view, first, steps, j0 + c, w, w, d);
+                pack_general_b<Copies>(view, first, steps, j0 + c, w, factor, w, d);
             });
         c += w;
     }
@@ -455,22 +457,23 @@ void pack_a(const MatrixDesc<T>* a, i64 i0, i64 rows, i64 l0, i64 depth, T alpha
 }
 
 template <class T>
-void pack_b(const MatrixDesc<T>* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, T* dst)
+void pack_b(const MatrixDesc<T>* b, i64 l0, i64 depth, i64 j0, i64 cols, T factor, i64 nr, T* dst)
 {
-    pack_b_any<T, 1>(b, l0, depth, j0, cols, nr, dst);
+    pack_b_any<T, 1>(b, l0, depth, j0, cols, factor, nr, dst);
 }
 
 template <class T>
-void pack_b_doubled(const MatrixDesc<T>* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, T* dst)
+void pack_b_doubled(const MatrixDesc<T>* b, i64 l0, i64 depth, i64 j0, i64 cols, T factor, i64 nr, T* dst)
 {
-    pack_b_any<T, 2>(b, l0, depth, j0, cols, nr, dst);
+    pack_b_any<T, 2>(b, l0, depth, j0, cols, factor, nr, dst);
 }
 
 template void pack_a<double>(const MatrixDesc<double>*, i64, i64, i64, i64, double, i64, double*);
 template void pack_a<dcomplex>(const MatrixDesc<dcomplex>*, i64, i64, i64, i64, dcomplex, i64, dcomplex*);
-template void pack_b<double>(const MatrixDesc<double>*, i64, i64, i64, i64, i64, double*);
-template void pack_b<dcomplex>(const MatrixDesc<dcomplex>*, i64, i64, i64, i64, i64, dcomplex*);
-template void pack_b_doubled<double>(const MatrixDesc<double>*, i64, i64, i64, i64, i64, double*);
-template void pack_b_doubled<dcomplex>(const MatrixDesc<dcomplex>*, i64, i64, i64, i64, i64, dcomplex*);
+template void pack_b<double>(const MatrixDesc<double>*, i64, i64, i64, i64, double, i64, double*);
+template void pack_b<dcomplex>(const MatrixDesc<dcomplex>*, i64, i64, i64, i64, dcomplex, i64, dcomplex*);
+template void pack_b_doubled<double>(const MatrixDesc<double>*, i64, i64, i64, i64, double, i64, double*);
+template void pack_b_doubled<dcomplex>(const MatrixDesc<dcomplex>*, i64, i64, i64, i64, dcomplex, i64,
+                                       dcomplex*);
 
 }  // namespace orv

@@ -31,10 +31,10 @@ i64 next_panel_width(i64 remaining, i64 full);
 template <class T>
 void pack_a(const MatrixDesc<T>* a, i64 i0, i64 rows, i64 l0, i64 depth, T alpha, i64 mr, T* dst);
 template <class T>
-void pack_b(const MatrixDesc<T>* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, T* dst);
+void pack_b(const MatrixDesc<T>* b, i64 l0, i64 depth, i64 j0, i64 cols, T factor, i64 nr, T* dst);
 // The same B panels with every value written twice in a row, for tiles that
 // want a broadcast pair from one load (GemmTile::b_copies = 2).
 template <class T>
-void pack_b_doubled(const MatrixDesc<T>* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, T* dst);
+void pack_b_doubled(const MatrixDesc<T>* b, i64 l0, i64 depth, i64 j0, i64 cols, T factor, i64 nr, T* dst);
 
 }  // namespace orv

@@ -155,10 +155,10 @@ struct BlockPlan {
 // row panels of mr rows and then the narrower panels of the remainder.
 template <class T>
 using PackA = void (*)(const MatrixDesc<T>* a, i64 i0, i64 rows, i64 l0, i64 depth, T alpha, i64 mr, T* dst);
-// Rows [l0, l0 + depth) x columns [j0, j0 + cols) of op(B) into column panels
-// of nr columns and then the narrower panels of the remainder.
+// Rows [l0, l0 + depth) x columns [j0, j0 + cols) of op(B), times factor, into
+// column panels of nr columns and then the narrower panels of the remainder.
 template <class T>
-using PackB = void (*)(const MatrixDesc<T>* b, i64 l0, i64 depth, i64 j0, i64 cols, i64 nr, T* dst);
+using PackB = void (*)(const MatrixDesc<T>* b, i64 l0, i64 depth, i64 j0, i64 cols, T factor, i64 nr, T* dst);
 
 // One row panel of packed A times one packed slice of B, for the block of C
 // whose first element is (i, j) of the whole C; the k-block starts at depth l.

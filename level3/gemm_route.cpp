@@ -165,7 +165,7 @@ void tilewise_fallback(const GemmOp<T>& op, const MatrixDesc<T>& a, const Matrix
         for (i64 j0 = 0; j0 < n; j0 += nr) {
             task.j = j0;
             task.w = n - j0 < nr ? n - j0 : nr;
-            plan.pack_b(&b, l0, task.k, j0, task.w, nr, packed_b);
+            plan.pack_b(&b, l0, task.k, j0, task.w, one_of<T>(), nr, packed_b);
             for (i64 i0 = 0; i0 < m; i0 += mr) {
                 task.i = i0;
                 task.h = m - i0 < mr ? m - i0 : mr;

@@ -355,8 +355,7 @@ struct TriangularSolve {
             const T one = one_of<T>();
             const i64 rows = left ? order : rhs, cols = left ? rhs : order;
             T* block = left ? b + d : b + d * ldb;
-            if constexpr (is_complex<T>) cnr::ztrsm(side, uplo, transa, diag, &rows, &cols, &one, a + d + d * lda, &lda, block, &ldb);
-            else cnr::dtrsm(side, uplo, transa, diag, &rows, &cols, &one, a + d + d * lda, &lda, block, &ldb);
+            cnr::ztrsm(side, uplo, transa, diag, &rows, &cols, &one, a + d + d * lda, &lda, block, &ldb);
             return;
         }
         // The half whose unknowns come first is solved first, then removed
@@ -432,9 +431,6 @@ template void structured_trmm<dcomplex>(const GemmPath&, const char*, const char
                                         const i64*, const i64*, const dcomplex*, const dcomplex*, const i64*,
                                         dcomplex*, const i64*);
 
-template void structured_trsm<double>(const GemmPath&, const char*, const char*, const char*, const char*,
-                                      const i64*, const i64*, const double*, const double*, const i64*, double*,
-                                      const i64*);
 template void structured_trsm<dcomplex>(const GemmPath&, const char*, const char*, const char*, const char*,
                                         const i64*, const i64*, const dcomplex*, const dcomplex*, const i64*,
                                         dcomplex*, const i64*);

@@ -40,7 +40,8 @@ void structured_trmm(const GemmPath& path, const char* side, const char* uplo, c
                      const i64* ldb);
 
 // Solves op(A) X = alpha B (side L) or X op(A) = alpha B (side R), A
-// triangular, X over B: halves of the triangle solved in turn, each solved
+// triangular, X over B, for complex elements (the real solve has kernels of
+// its own: trsm_driver.h): halves of the triangle solved in turn, each solved
 // half removed from the other by a product on the frame; short orders by
 // substitution.
 template <class T>

@@ -1,7 +1,8 @@
 // The single-thread real product: block sizes, the tile chooser, the road
 // each code path takes, the packed layouts, the blocked driver over every
 // tile this processor can run, and the unpacked fall-back when no buffer can
-// be had.
+// be had. Then the triangular solve built on the same pieces: its roads and
+// its fall-back.
 //
 // Inputs are coarse values (12 significant bits), so every sum here is exact
 // whatever its order: results are compared bit for bit.
@@ -22,6 +23,7 @@
 #include "level3/gemm_driver.h"
 #include "level3/gemm_pack.h"
 #include "level3/gemm_route.h"
+#include "level3/trsm_driver.h"
 #include "orv_test.h"
 
 namespace orv {
@@ -497,17 +499,17 @@ TEST(GemmPack, PanelsHoldTheBlockInKernelOrder)
                     for (std::size_t i = std::size_t(count * depth); i < packed.size(); ++i)
                         ASSERT_EQ(packed[i], 12345.0) << "A " << what << ": written past the block";
 
-                    // B: rows [4, 4 + depth) x columns [1, 1 + count) of the view, unscaled,
-                    // each value once or twice in a row.
+                    // B: rows [4, 4 + depth) x columns [1, 1 + count) of the view, times
+                    // the factor, each value once or twice in a row.
                     for (const i64 copies : {1, 2}) {
                         packed.assign(std::size_t(2 * count * depth + 8), 12345.0);
                         const auto packer = copies == 1 ? orv::pack_b<double> : orv::pack_b_doubled<double>;
-                        packer(&view, 4, depth, 1, count, full, packed.data());
+                        packer(&view, 4, depth, 1, count, -2.0, full, packed.data());
                         for (i64 c = 0; c < count; ++c)
                             for (i64 l = 0; l < depth; ++l)
                                 for (i64 q = 0; q < copies; ++q)
                                     ASSERT_EQ(packed[std::size_t(copies * packed_index(widths, depth, c, l) + q)],
-                                              double(64 * (6 + l) + (4 + c)))
+                                              -2.0 * double(64 * (6 + l) + (4 + c)))
                                         << "B " << what << " copies=" << copies << " c=" << c << " l=" << l;
                         for (std::size_t i = std::size_t(copies * count * depth); i < packed.size(); ++i)
                             ASSERT_EQ(packed[i], 12345.0) << "B " << what << ": written past the block";
@@ -575,8 +577,8 @@ TEST(GemmPack, ShapedOperandsHoldTheirMatrix)
                         << "A kind " << kind << " full " << full << " (" << first + r << "," << l0 + l << ")";
                 }
             for (const i64 copies : {1, 2}) {
-                (copies == 1 ? orv::pack_b<Z> : orv::pack_b_doubled<Z>)(&view, l0, depth, first, count, full,
-                                                                        packed.data());
+                (copies == 1 ? orv::pack_b<Z> : orv::pack_b_doubled<Z>)(&view, l0, depth, first, count,
+                                                                        Z{1.0, 0.0}, full, packed.data());
                 const double* d = reinterpret_cast<const double*>(packed.data());
                 for (i64 c = 0; c < count; ++c)
                     for (i64 l = 0; l < depth; ++l) {
@@ -793,6 +795,142 @@ TEST(GemmDriver, ShapedRoutinesWithoutABuffer)
                 worst = std::max(worst, std::fabs(blocked[i].re - refused[i].re) + std::fabs(blocked[i].im - refused[i].im));
             EXPECT_LT(worst, 1e-12) << path->name << " " << routine.name;
         }
+    }
+}
+
+// ---- The triangular solve ----------------------------------------------------
+
+using TrsmMember = void (*)(const char*, const char*, const char*, const char*, const i64*, const i64*,
+                            const double*, const double*, const i64*, double*, const i64*);
+const struct {
+    const GemmPath* path;
+    TrsmMember member;
+    const orv::TrsmKernels* kernels;
+} kSolvers[] = {
+    {&orv::kGemmPathAvx512, orv::dtrsm_member<orv::kGemmPathAvx512, orv::avx512::kTrsmKernels>,
+     &orv::avx512::kTrsmKernels},
+    {&orv::kGemmPathAvx512Qix, orv::dtrsm_member<orv::kGemmPathAvx512Qix, orv::avx512_qix::kTrsmKernels>,
+     &orv::avx512_qix::kTrsmKernels},
+    {&orv::kGemmPathAvx2, orv::dtrsm_member<orv::kGemmPathAvx2, orv::avx2::kTrsmKernels>, &orv::avx2::kTrsmKernels},
+    {&orv::kGemmPathAvx, orv::dtrsm_member<orv::kGemmPathAvx, orv::avx::kTrsmKernels>, &orv::avx::kTrsmKernels},
+    {&orv::kGemmPathMc3, orv::dtrsm_member<orv::kGemmPathMc3, orv::mc3::kTrsmKernels>, &orv::mc3::kTrsmKernels},
+    {&orv::kGemmPathMc, orv::dtrsm_member<orv::kGemmPathMc, orv::mc::kTrsmKernels>, &orv::mc::kTrsmKernels},
+    {&orv::kGemmPathDef, orv::dtrsm_member<orv::kGemmPathDef, orv::def::kTrsmKernels>, &orv::def::kTrsmKernels},
+};
+
+// A solve of order `order` with a well-conditioned triangle (the other one
+// NaN, never read) and B with a spare row around it.
+struct Solve {
+    char side, uplo, transa, diag;
+    i64 m, n, lda, ldb;
+    double alpha;
+    std::vector<double> a, b;
+    Solve(char side_, char uplo_, char transa_, char diag_, i64 order, i64 other, double alpha_)
+        : side(side_), uplo(uplo_), transa(transa_), diag(diag_), alpha(alpha_)
+    {
+        Rng rng(std::uint64_t(order * 7 + other));
+        const bool left = side == 'L';
+        m = left ? order : other;
+        n = left ? other : order;
+        lda = order + 2;
+        ldb = m + 1;
+        a.assign(std::size_t(lda * order), NAN);
+        for (i64 j = 0; j < order; ++j)
+            for (i64 i = 0; i < order; ++i)
+                if (uplo == 'U' ? i <= j : i >= j)
+                    a[std::size_t(i + j * lda)] = i == j ? 4 + rng.coarse() : rng.coarse();
+        b.resize(std::size_t(ldb * n));
+        for (double& x : b) x = rng.coarse();
+    }
+    void run(TrsmMember member)
+    {
+        member(&side, &uplo, &transa, &diag, &m, &n, &alpha, a.data(), &lda, b.data(), &ldb);
+    }
+    std::string describe() const
+    {
+        return std::string(1, side) + uplo + transa + diag + " m=" + std::to_string(m) + " n=" + std::to_string(n);
+    }
+};
+
+// The direct kernel up to order 12 and at multiples of 4 up to 88, the
+// blocked road elsewhere; without a buffer the blocked road gives the direct
+// kernel's bits; alpha 0 clears B without reading A.
+TEST(TrsmRoad, OrderPicksTheRoadAndAMissingBufferFallsBack)
+{
+    for (const auto& solver : kSolvers) {
+        if (!processor_runs(*solver.path)) continue;
+        for (const char side : {'L', 'R'})
+            for (const i64 order : {12, 13, 88, 89, 90}) {
+                Solve s(side, 'U', 'T', 'N', order, 9, 1.0);
+                Observe observe(false);
+                s.run(solver.member);
+                EXPECT_EQ(last_road(), orv::trsm_direct_order(order) ? GemmEvent::direct : GemmEvent::blocked)
+                    << solver.path->name << " " << s.describe();
+            }
+        for (const char side : {'L', 'R'})
+            for (const char uplo : {'U', 'L'}) {
+                Solve s(side, uplo, 'N', 'N', 90, 7, 1.0);
+                std::vector<double> want = s.b;
+                solver.kernels->direct(side == 'L', uplo == 'U', false, false, s.m, s.n, s.a.data(), s.lda,
+                                       want.data(), s.ldb);
+                Observe observe(true);
+                s.run(solver.member);
+                EXPECT_EQ(last_road(), GemmEvent::fallback) << solver.path->name << " " << s.describe();
+                for (std::size_t i = 0; i < want.size(); ++i)
+                    ASSERT_TRUE(orvtest::same_bits(s.b[i], want[i])) << solver.path->name << " " << s.describe()
+                                                                     << " element " << i;
+            }
+        Solve s('R', 'L', 'T', 'U', 90, 7, 0.0);
+        std::fill(s.a.begin(), s.a.end(), NAN);
+        const std::vector<double> before = s.b;
+        Observe observe(false);
+        s.run(solver.member);
+        EXPECT_EQ(last_road(), GemmEvent::scaled) << solver.path->name;
+        for (std::size_t i = 0; i < s.b.size(); ++i) {
+            const bool in_b = i64(i) % s.ldb < s.m;  // the spare row keeps its value
+            ASSERT_TRUE(orvtest::same_bits(s.b[i], in_b ? 0.0 : before[i])) << solver.path->name << " element " << i;
+        }
+    }
+}
+
+// The four blocked drivers with blocks of a few tiles, so that small solves
+// cross many diagonal blocks, row blocks and column slices; compared with
+// the direct kernel of the same path.
+TEST(TrsmDriver, SmallBlocksGiveTheSolve)
+{
+    for (const auto& solver : kSolvers) {
+        if (!processor_runs(*solver.path)) continue;
+        for (const char side : {'L', 'R'})
+            for (const char uplo : {'U', 'L'})
+                for (const char transa : {'N', 'T'})
+                    for (const char diag : {'N', 'U'}) {
+                        Solve s(side, uplo, transa, diag, 61, 29, 1.0);
+                        std::vector<double> want = s.b;
+                        solver.kernels->direct(side == 'L', uplo == 'U', transa == 'T', diag == 'U', s.m, s.n,
+                                               s.a.data(), s.lda, want.data(), s.ldb);
+                        const orv::TrsmCall call = {side == 'L', uplo == 'U', transa == 'T', diag == 'U', &s.transa,
+                                                    s.m, s.n, s.a.data(), s.lda, s.b.data(), s.ldb};
+                        orv::TrsmPlan plan;
+                        orv::plan_trsm(*solver.path, *solver.kernels, call, &plan);
+                        orv::BlockPlan blocks;
+                        orv::trsm_blocks(call, plan, &blocks);
+                        const i64 copies = plan.params.b_copies;
+                        blocks.mc = 2 * plan.params.mr;
+                        blocks.nc = 2 * plan.params.nr;
+                        blocks.kc = 16;
+                        blocks.depth_capacity = 18;
+                        blocks.a.rows = blocks.mc + blocks.depth_capacity * copies;
+                        blocks.a.cols = blocks.depth_capacity;
+                        blocks.b.rows = blocks.depth_capacity;
+                        blocks.b.cols = blocks.nc * copies;
+                        orv::acquire_buffer(&blocks);
+                        ASSERT_NE(blocks.buffer, nullptr);
+                        plan.driver(call, plan, blocks);
+                        orv::release_buffer(&blocks);
+                        for (std::size_t i = 0; i < want.size(); ++i)
+                            ASSERT_NEAR(s.b[i], want[i], 1e-12 * (1 + std::fabs(want[i])))
+                                << solver.path->name << " " << s.describe() << " element " << i;
+                    }
     }
 }
 

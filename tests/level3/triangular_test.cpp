@@ -1,5 +1,8 @@
 // dtrmm_, ztrmm_, dtrsm_ and ztrsm_ over all 24 option combinations. Only
 // the named triangle of A holds numbers, and a unit diagonal holds NaN.
+// The real solve is also taken across the orders where it changes road
+// (direct kernel up to 12 and at multiples of 4 up to 88, blocked otherwise)
+// and across its tiles, column slices and diagonal blocks.
 // Products are compared with a plain reference; solves are judged by their
 // residual, which rounding bounds whatever the conditioning of A, and their
 // NaN pattern by a plain substitution.
@@ -18,11 +21,12 @@ struct TriCase {
     T alpha;
     int pad;
     Poison poison;
+    bool subnormal = false;  // one diagonal value of A below the normal range
     std::string describe() const
     {
         return std::string(routine == Tri::trmm ? "trmm " : "trsm ") + side + uplo + transa + diag +
                " m=" + std::to_string(m) + " n=" + std::to_string(n) + " alpha=" + show(alpha) +
-               " pad=" + std::to_string(pad) + poison_name(poison);
+               " pad=" + std::to_string(pad) + poison_name(poison) + (subnormal ? " subnormal pivot" : "");
     }
 };
 
@@ -93,6 +97,23 @@ template <typename T>
         a.fill_triangle(rng, upper, unit ? D::none : t.routine == Tri::trsm ? D::pivot : D::random);
         b.fill(rng);
     }
+    if constexpr (!kComplex<T>)
+        if (t.subnormal && t.alpha != T(0)) {
+            // The subnormal pivot gets an equation of its own: its row of
+            // op(A) (its column, on side R) is zero off the diagonal and its
+            // right-hand sides are multiples of it, so the solution stays
+            // finite when the pivot divides and not when its reciprocal,
+            // which overflows, multiplies.
+            const int k = order / 2;
+            const double d = 0x1p-1030;
+            a.at(k, k) = d;
+            for (int l = 0; l < order; ++l) {
+                const int r = left ? k : l, c = left ? l : k;
+                const int i = trans ? c : r, j = trans ? r : c;
+                if (l != k && (upper ? i < j : i > j)) a.at(i, j) = 0;
+            }
+            for (int x = 0; x < (left ? t.n : t.m); ++x) (left ? b.at(k, x) : b.at(x, k)) = d * rng.coarse();
+        }
     if (t.poison == Poison::a)
         a.poison(rng, [&](int i, int j) { return (i == j && !unit) || (upper ? i < j : i > j); });
     if (t.poison == Poison::b) b.poison(rng, [](int, int) { return true; });
@@ -196,9 +217,39 @@ std::vector<TriCase<T>> cases(Tri routine)
     return out;
 }
 
+// The real solve at the orders around its thresholds and edges, with the
+// other dimension crossing tile edges and, once, a column slice.
+std::vector<TriCase<double>> solve_edge_cases()
+{
+    struct Size {
+        int order, other;
+    };
+    static const Size sizes[] = {{12, 5},  {13, 13}, {88, 37},  {89, 1},   {90, 5},   {92, 13},
+                                 {101, 37}, {97, 200}, {300, 3}, {401, 5}, {600, 2}};
+    const auto s = scalars<double>();
+    std::vector<TriCase<double>> out;
+    int index = 0;
+    for (char side : {'L', 'R'})
+        for (char uplo : {'U', 'L'})
+            for (char transa : {'N', 'T', 'C'})
+                for (char diag : {'N', 'U'}) {
+                    const bool left = side == 'L';
+                    auto add = [&](Size sz, double alpha, bool subnormal) {
+                        const int m = left ? sz.order : sz.other, n = left ? sz.other : sz.order;
+                        out.push_back({Tri::trsm, side, uplo, transa, diag, m, n, alpha, 1 + index % 3, Poison::none,
+                                       subnormal});
+                        ++index;
+                    };
+                    for (const Size& sz : sizes) add(sz, s[index % 4], false);
+                    if (diag == 'N') add({90, 6}, -1.0, true);
+                }
+    return out;
+}
+
 TEST(Triangular, RealProductMatchesReference) { run_table(cases<double>(Tri::trmm), run_case<double>); }
 TEST(Triangular, ComplexProductMatchesReference) { run_table(cases<zcomplex>(Tri::trmm), run_case<zcomplex>); }
 TEST(Triangular, RealSolveHasSmallResidual) { run_table(cases<double>(Tri::trsm), run_case<double>); }
+TEST(Triangular, RealSolveAcrossRoadsAndBlocks) { run_table(solve_edge_cases(), run_case<double>); }
 TEST(Triangular, ComplexSolveHasSmallResidual) { run_table(cases<zcomplex>(Tri::trsm), run_case<zcomplex>); }
 
 }  // namespace

@@ -1,0 +1,16 @@
+// AVX-512 kernels of the real triangular solve: the 24 x 8 tile on side R, 8 x 12
+// (one vector of B's columns against 12 unknowns) on side L, and the direct
+// side L 16 columns against 12 unknowns.
+#include <immintrin.h>
+
+#include "level3/kernels/trsm_kernel.h"
+
+namespace orv::avx512 {
+
+#include "level3/kernels/gemm_lanes.inc"
+#include "level3/kernels/trsm_direct.inc"
+#include "level3/kernels/trsm_solve.inc"
+
+extern const TrsmKernels kTrsmKernels = TrsmTiles<Lane<8>, 24, 8, 1, 12, 16, 2, 12>::kernels();
+
+}  // namespace orv::avx512
