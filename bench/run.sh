@@ -71,7 +71,7 @@ gemm_shapes=2000x2000x64,64x2000x2000,2000x64x2000
 # dgemm rows report the fastest of three repetitions, for both libraries.
 gemm_opts=(--benchmark_min_time=0.2 --benchmark_repetitions=3 --max_call_seconds="$max_call")
 small_opts=(--benchmark_min_time=0.05 --benchmark_repetitions=3 --shapes= --max_call_seconds="$max_call")
-l3_sizes=100,500,1000
+l3_sizes=16,64,100,500,1000
 # Every level-3 routine but dgemm, one option set each; fastest of three
 # repetitions for both libraries.
 l3_opts=(--benchmark_min_time=0.2 --benchmark_repetitions=3)
