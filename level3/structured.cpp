@@ -317,7 +317,7 @@ namespace {
 
 // Orders up to this are solved by substitution: below it the products that
 // remove a solved half are too small to pay for their packing.
-constexpr i64 kSubstitutionOrder = 32;
+constexpr i64 kSubstitutionOrder = 16;
 
 // One solve on a part of the triangle: the diagonal block [d, d + order) of
 // op(A) against the rows (side L) or columns (side R) [d, d + order) of B.
