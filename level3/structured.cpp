@@ -271,24 +271,26 @@ void structured_trmm(const GemmPath& path, const char* side, const char* uplo, c
         scale_c(*m, *n, T{}, b, *ldb);
         return;
     }
-    // B is read whole before it is overwritten: the product reads a copy.
-    // The packed triangle holds zeros where op(A) has none, and zero times
-    // an infinity or a NaN of B is a NaN the product must not have: such a
+    // B is read whole before it is overwritten: the product reads a copy of
+    // alpha B (alpha applied to B first, as the element-wise loops do). The
+    // packed triangle holds zeros where op(A) has none, and zero times an
+    // infinity or a NaN of alpha B is a NaN the product must not have: such a
     // B takes the element-wise loops, which never touch the zero triangle.
     const i64 m_ = *m, n_ = *n;
     T* copy = static_cast<T*>(orv_malloc(static_cast<std::size_t>(m_ * n_) * sizeof(T), 64));
     const bool refused = alloc_failed(copy, is_complex<T> ? "ZTRMM" : "DTRMM");
+    const bool scale = !is_one(*alpha);
+    for (i64 j = 0; j < n_ && !refused; ++j) {
+        const T* from = b + j * *ldb;
+        T* to = copy + j * m_;
+        for (i64 i = 0; i < m_; ++i) to[i] = scale ? *alpha * from[i] : from[i];
+    }
     // A value is infinite or a NaN when all its exponent bits are set.
     constexpr std::uint64_t kExponent = 0x7ff0000000000000;
     std::uint64_t non_finite = 0;
-    for (i64 j = 0; j < n_ && !refused; ++j) {
-        const std::uint64_t* from = reinterpret_cast<const std::uint64_t*>(b + j * *ldb);
-        std::uint64_t* to = reinterpret_cast<std::uint64_t*>(copy + j * m_);
-        for (i64 v = 0; v < m_ * (is_complex<T> ? 2 : 1); ++v) {
-            to[v] = from[v];
-            non_finite |= (from[v] & kExponent) == kExponent;
-        }
-    }
+    const std::uint64_t* bits = reinterpret_cast<const std::uint64_t*>(copy);
+    for (i64 v = 0; v < (refused ? 0 : m_ * n_ * (is_complex<T> ? 2 : 1)); ++v)
+        non_finite |= (bits[v] & kExponent) == kExponent;
     if (refused || non_finite != 0) {
         orv_free(copy);
         if constexpr (is_complex<T>) cnr::ztrmm(side, uplo, transa, diag, m, n, alpha, a, lda, b, ldb);
@@ -304,10 +306,10 @@ void structured_trmm(const GemmPath& path, const char* side, const char* uplo, c
     const i64 order = left ? m_ : n_;
     const MatrixDesc<T> shaped = describe_operand(kind, a, order, order, *lda);
     if (left) {
-        blocked_product<T>(path, *alpha, T{}, shaped, general, db,
+        blocked_product<T>(path, one_of<T>(), T{}, shaped, general, db,
                            op_upper ? triangular_block<T, true, true> : triangular_block<T, true, false>);
     } else {
-        blocked_product<T>(path, *alpha, T{}, general, shaped, db,
+        blocked_product<T>(path, one_of<T>(), T{}, general, shaped, db,
                            op_upper ? triangular_block<T, false, true> : triangular_block<T, false, false>);
     }
     orv_free(copy);

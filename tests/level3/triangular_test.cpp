@@ -248,6 +248,43 @@ std::vector<TriCase<double>> solve_edge_cases()
 
 TEST(Triangular, RealProductMatchesReference) { run_table(cases<double>(Tri::trmm), run_case<double>); }
 TEST(Triangular, ComplexProductMatchesReference) { run_table(cases<zcomplex>(Tri::trmm), run_case<zcomplex>); }
+// alpha B overflows in one element of B: the product holds infinities where
+// that element meets op(A)'s triangle and nowhere else; a zero of the other
+// triangle that met it would make a NaN.
+TEST(Triangular, ProductOfAnOverflowingAlphaB)
+{
+    const int order = 40, other = 29, k = 21, x = 7;
+    const double alpha = 1e10;
+    for (const char side : {'L', 'R'})
+        for (const char uplo : {'U', 'L'})
+            for (const char transa : {'N', 'T'}) {
+                const bool left = side == 'L';
+                const int m = left ? order : other, n = left ? other : order;
+                Mat<double> a(order, order, 1);
+                for (int j = 0; j < order; ++j)
+                    for (int i = 0; i < order; ++i)
+                        if (i == j || (uplo == 'U' ? i < j : i > j)) a.at(i, j) = i == j ? 1.0 : 0.5;
+                Mat<double> b(m, n, 2);
+                Rng rng(3);
+                b.fill(rng);
+                (left ? b.at(k, x) : b.at(x, k)) = 1e300;
+                dtrmm_(&side, &uplo, &transa, "N", &m, &n, &alpha, a.data(), &a.ld, b.data(), &b.ld);
+                // op(A) is upper when A is upper and not transposed, or lower and transposed.
+                const bool op_upper = (uplo == 'U') == (transa == 'N');
+                for (int j = 0; j < n; ++j)
+                    for (int i = 0; i < m; ++i) {
+                        // Side L: row i meets row k of B when op(A)(i, k) is in the triangle;
+                        // side R: column j meets column k when op(A)(k, j) is.
+                        const bool hit = left ? j == x && (op_upper ? i <= k : i >= k)
+                                              : i == x && (op_upper ? k <= j : k >= j);
+                        const double v = b.at(i, j);
+                        ASSERT_TRUE(hit ? std::isinf(v) : std::isfinite(v))
+                            << side << uplo << transa << " (" << i << "," << j << ") = " << v;
+                    }
+                ASSERT_TRUE(b.buf.guards_intact()) << side << uplo << transa;
+            }
+}
+
 TEST(Triangular, RealSolveHasSmallResidual) { run_table(cases<double>(Tri::trsm), run_case<double>); }
 TEST(Triangular, RealSolveAcrossRoadsAndBlocks) { run_table(solve_edge_cases(), run_case<double>); }
 TEST(Triangular, ComplexSolveHasSmallResidual) { run_table(cases<zcomplex>(Tri::trsm), run_case<zcomplex>); }
