@@ -28,21 +28,32 @@ T element_of(S x)
 // block on the diagonal.
 constexpr i64 kScratchDoubles = 24 * 28;
 
+// Columns [q, q + width) of the task's slice over the steps [first, last) of
+// its k-block, as a task of its own. With the steps trimmed, the rows must be
+// a single packed panel: the task enters it part way along.
+template <class T>
+BlockTask<T> columns_of(const BlockTask<T>& t, i64 q, i64 width, i64 first, i64 last)
+{
+    BlockTask<T> part = t;
+    part.j = t.j + q;
+    part.w = width;
+    part.k = last - first;
+    part.a = t.a + (first - t.l) * t.h;
+    part.b = t.b + (q * t.k + (first - t.l) * width) * t.tile->b_copies;
+    part.c = t.c + q * t.ldc;
+    return part;
+}
+
 // The kernel on columns [q, q + width) of the task's slice, into C or, with
 // `scratch`, into a scratch tile of ld h (stored, not added).
 template <class T>
 void run_columns(const BlockTask<T>& t, i64 q, i64 width, T* scratch)
 {
-    BlockTask<T> part = t;
-    part.j = t.j + q;
-    part.w = width;
-    part.b = t.b + q * t.k * t.tile->b_copies;
+    BlockTask<T> part = columns_of(t, q, width, t.l, t.l + t.k);
     if (scratch != nullptr) {
         part.c = scratch;
         part.ldc = t.h;
         part.store = true;
-    } else {
-        part.c = t.c + q * t.ldc;
     }
     run_block(part);
 }
@@ -133,35 +144,24 @@ void scale_triangle(bool upper, i64 n, S beta, T* c, i64 ldc)
 template <class T, bool OnLeft, bool Upper>
 void triangular_panel(const BlockTask<T>& t)
 {
-    const i64 nr = t.tile->nr, copies = t.tile->b_copies, end = t.l + t.k;
+    const i64 end = t.l + t.k;
+    i64 first = t.l, last = end;
     if constexpr (OnLeft) {
         // Rows [i, i + h) of an upper op(A) are zero before step i, of a lower one from step i + h on.
-        const i64 first = Upper && t.i > t.l ? t.i : t.l;
-        const i64 last = !Upper && t.i + t.h < end ? t.i + t.h : end;
+        if (Upper && t.i > t.l) first = t.i;
+        if (!Upper && t.i + t.h < end) last = t.i + t.h;
         if (first >= last) return;
         if (first == t.l && last == end) return run_block(t);
     }
     for (i64 q = 0, width; q < t.w; q += width) {
-        width = next_panel_width(t.w - q, nr);
-        i64 first = t.l, last = end;
-        if constexpr (OnLeft) {
-            if (Upper) first = t.i > t.l ? t.i : t.l;
-            else last = t.i + t.h < end ? t.i + t.h : end;
-        } else {
+        width = next_panel_width(t.w - q, t.tile->nr);
+        if constexpr (!OnLeft) {
             // Columns [c, c + width) of an upper op(A) are zero from step c + width on, of a lower one before step c.
             const i64 c = t.j + q;
             if (Upper) last = c + width < end ? c + width : end;
             else first = c > t.l ? c : t.l;
         }
-        if (first >= last) continue;
-        BlockTask<T> part = t;
-        part.j = t.j + q;
-        part.w = width;
-        part.k = last - first;
-        part.a = t.a + (first - t.l) * t.h;
-        part.b = t.b + (q * t.k + (first - t.l) * width) * copies;
-        part.c = t.c + q * t.ldc;
-        run_block(part);
+        if (first < last) run_block(columns_of(t, q, width, first, last));
     }
 }
 

@@ -740,62 +740,95 @@ TEST(GemmDriver, ComplexFallsBackWithTheSameBits)
 
 // Without a work buffer the shaped routines run their packers and block
 // routines one tile at a time from the stack: the same product, cut
-// differently, so equal to rounding.
-TEST(GemmDriver, ShapedRoutinesWithoutABuffer)
+// differently, so equal to rounding. Real and complex, each side and
+// triangle of the operands at least once.
+template <class T>
+struct ShapedCall {
+    const char* name;
+    void (*call)(const GemmPath&, const T* a, const T* other, T* c);
+};
+
+template <class T>
+void check_without_buffer(const std::vector<ShapedCall<T>>& routines, std::uint64_t seed)
 {
-    using Z = orv::dcomplex;
-    static const i64 m = 45, n = 38, ld = 50;
-    Rng rng(5);
-    std::vector<Z> a(std::size_t(ld * ld)), b0(std::size_t(ld * ld));
-    for (Z& v : a) v = {rng.full() / 16, rng.full() / 16};
-    for (i64 i = 0; i < ld; ++i) a[std::size_t(i + i * ld)] = {2.0 + rng.full(), rng.full()};
-    for (Z& v : b0) v = {rng.full(), rng.full()};
-    static const Z alpha{0.5, -0.25}, beta{-1.0, 0.5};
-    static const double real_alpha = 0.5, real_beta = -1.0;
-    const struct {
-        const char* name;
-        void (*call)(const GemmPath&, const Z*, Z*);
-    } routines[] = {
-        {"zhemm R U", [](const GemmPath& p, const Z* a, Z* b) {
-             std::vector<Z> c(b, b + ld * ld);
-             orv::structured_symm<Z, true>(p, "R", "U", &m, &n, &alpha, a, &ld, c.data(), &ld, &beta, b, &ld);
-         }},
-        {"zherk L C", [](const GemmPath& p, const Z* a, Z* b) {
-             orv::structured_syrk<Z, true, double>(p, "L", "C", &n, &m, &real_alpha, a, &ld, &real_beta, b, &ld);
-         }},
-        {"zsyr2k U N", [](const GemmPath& p, const Z* a, Z* b) {
-             std::vector<Z> other(a + 1, a + ld * ld);
-             orv::structured_syr2k<Z, false, Z>(p, "U", "N", &n, &m, &alpha, a, &ld, other.data(), &ld, &beta, b,
-                                                &ld);
-         }},
-        {"ztrmm L U C N", [](const GemmPath& p, const Z* a, Z* b) {
-             orv::structured_trmm<Z>(p, "L", "U", "C", "N", &m, &n, &alpha, a, &ld, b, &ld);
-         }},
-        {"ztrsm R L T U", [](const GemmPath& p, const Z* a, Z* b) {
-             orv::structured_trsm<Z>(p, "R", "L", "T", "U", &m, &n, &alpha, a, &ld, b, &ld);
-         }},
+    constexpr i64 ld = 50;
+    Rng rng(seed);
+    std::vector<T> a(std::size_t(ld * ld)), other(std::size_t(ld * ld)), c0(std::size_t(ld * ld));
+    // Values of size `scale`, the real part moved by `shift`.
+    const auto value = [&](double scale, double shift) {
+        if constexpr (std::is_same_v<T, double>) return shift + scale * rng.full();
+        else return T{shift + scale * rng.full(), scale * rng.full()};
+    };
+    for (T& v : a) v = value(1.0 / 16, 0.0);
+    for (i64 i = 0; i < ld; ++i) a[std::size_t(i + i * ld)] = value(1.0, 2.0);  // well away from zero: solves stay tame
+    for (T& v : other) v = value(1.0, 0.0);
+    for (T& v : c0) v = value(1.0, 0.0);
+    const auto distance = [](T x, T y) {
+        if constexpr (std::is_same_v<T, double>) return std::fabs(x - y);
+        else return std::fabs(x.re - y.re) + std::fabs(x.im - y.im);
     };
     for (const GemmPath* path : {&orv::kGemmPathAvx512, &orv::kGemmPathAvx512Qix, &orv::kGemmPathAvx2,
                                  &orv::kGemmPathAvx, &orv::kGemmPathMc3, &orv::kGemmPathMc, &orv::kGemmPathDef}) {
         if (!processor_runs(*path)) continue;
         for (const auto& routine : routines) {
-            std::vector<Z> blocked = b0, refused = b0;
-            {
-                Observe observe(false);
-                routine.call(*path, a.data(), blocked.data());
-                EXPECT_EQ(last_road(), GemmEvent::blocked) << path->name << " " << routine.name;
-            }
-            {
-                Observe observe(true);
-                routine.call(*path, a.data(), refused.data());
-                EXPECT_EQ(last_road(), GemmEvent::fallback) << path->name << " " << routine.name;
+            std::vector<T> blocked = c0, refused = c0;
+            for (std::vector<T>* c : {&blocked, &refused}) {
+                Observe observe(c == &refused);
+                routine.call(*path, a.data(), other.data(), c->data());
+                EXPECT_EQ(last_road(), c == &refused ? GemmEvent::fallback : GemmEvent::blocked)
+                    << path->name << " " << routine.name;
             }
             double worst = 0;
-            for (std::size_t i = 0; i < blocked.size(); ++i)
-                worst = std::max(worst, std::fabs(blocked[i].re - refused[i].re) + std::fabs(blocked[i].im - refused[i].im));
+            for (std::size_t i = 0; i < blocked.size(); ++i) worst = std::max(worst, distance(blocked[i], refused[i]));
             EXPECT_LT(worst, 1e-12) << path->name << " " << routine.name;
         }
     }
+}
+
+constexpr i64 kM = 45, kN = 38, kLd = 50;
+
+TEST(GemmDriver, ShapedRoutinesWithoutABuffer)
+{
+    using Z = orv::dcomplex;
+    static const double alpha = 0.5, beta = -1.0;
+    static const Z zalpha{0.5, -0.25}, zbeta{-1.0, 0.5};
+    check_without_buffer<double>(
+        {
+            {"dsymm L L", [](const GemmPath& p, const double* a, const double* b, double* c) {
+                 orv::structured_symm<double, false>(p, "L", "L", &kM, &kN, &alpha, a, &kLd, b, &kLd, &beta, c, &kLd);
+             }},
+            {"dsyrk U N", [](const GemmPath& p, const double* a, const double*, double* c) {
+                 orv::structured_syrk<double, false, double>(p, "U", "N", &kN, &kM, &alpha, a, &kLd, &beta, c, &kLd);
+             }},
+            {"dsyr2k L T", [](const GemmPath& p, const double* a, const double* b, double* c) {
+                 orv::structured_syr2k<double, false, double>(p, "L", "T", &kN, &kM, &alpha, a, &kLd, b, &kLd, &beta,
+                                                              c, &kLd);
+             }},
+            {"dtrmm R L N U", [](const GemmPath& p, const double* a, const double*, double* c) {
+                 orv::structured_trmm<double>(p, "R", "L", "N", "U", &kM, &kN, &alpha, a, &kLd, c, &kLd);
+             }},
+        },
+        5);
+    check_without_buffer<Z>(
+        {
+            {"zhemm R U", [](const GemmPath& p, const Z* a, const Z* b, Z* c) {
+                 orv::structured_symm<Z, true>(p, "R", "U", &kM, &kN, &zalpha, a, &kLd, b, &kLd, &zbeta, c, &kLd);
+             }},
+            {"zherk L C", [](const GemmPath& p, const Z* a, const Z*, Z* c) {
+                 orv::structured_syrk<Z, true, double>(p, "L", "C", &kN, &kM, &alpha, a, &kLd, &beta, c, &kLd);
+             }},
+            {"zher2k U N", [](const GemmPath& p, const Z* a, const Z* b, Z* c) {
+                 orv::structured_syr2k<Z, true, double>(p, "U", "N", &kN, &kM, &zalpha, a, &kLd, b, &kLd, &beta, c,
+                                                        &kLd);
+             }},
+            {"ztrmm L U C N", [](const GemmPath& p, const Z* a, const Z*, Z* c) {
+                 orv::structured_trmm<Z>(p, "L", "U", "C", "N", &kM, &kN, &zalpha, a, &kLd, c, &kLd);
+             }},
+            {"ztrsm R L T U", [](const GemmPath& p, const Z* a, const Z*, Z* c) {
+                 orv::structured_trsm<Z>(p, "R", "L", "T", "U", &kM, &kN, &zalpha, a, &kLd, c, &kLd);
+             }},
+        },
+        6);
 }
 
 // ---- The triangular solve ----------------------------------------------------
