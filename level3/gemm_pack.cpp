@@ -307,39 +307,53 @@ void pack_general_b(const MatrixDesc<dcomplex>& b, i64 l0, i64 depth, i64 j0, i6
 // general view of X (the stored triangle, or its mirror) or is zero; only the
 // panels that the diagonal crosses are packed element by element.
 
-// Element (i, j) of op(X) for a shaped X.
+// Elements of op(X) for a shaped X, its kind decoded once.
 template <class T>
-T shaped_value(const MatrixDesc<T>& x, i64 i, i64 j)
-{
-    const bool upper = (x.kind & kUpperStored) != 0;
-    const T* base = x.base;
-    const i64 ld = x.ld;
-    if (x.kind & (kSymmetric | kHermitian)) {
-        const bool herm = (x.kind & kHermitian) != 0;
-        if (i == j) {
-            T d = base[i + i * ld];
-            if constexpr (is_complex<T>) {
-                if (herm) d.im = 0.0;
+struct ShapedReader {
+    const T* base;
+    i64 ld;
+    bool mirrored;   // symmetric or Hermitian
+    bool herm;
+    bool upper;
+    bool trans;
+    bool conjugate;
+    bool unit;
+    bool inverted;
+
+    explicit ShapedReader(const MatrixDesc<T>& x)
+        : base(x.base), ld(x.ld), mirrored((x.kind & (kSymmetric | kHermitian)) != 0),
+          herm((x.kind & kHermitian) != 0), upper((x.kind & kUpperStored) != 0), trans(reads_transposed(x)),
+          conjugate((x.kind & kStoredConjugated) != 0), unit((x.kind & kUnitDiagonal) != 0),
+          inverted((x.kind & kInvertedDiagonal) != 0)
+    {
+    }
+
+    // Element (i, j) of op(X).
+    [[gnu::always_inline]] T at(i64 i, i64 j) const
+    {
+        if (mirrored) {
+            if (i == j) {
+                T d = base[i + i * ld];
+                if constexpr (is_complex<T>) {
+                    if (herm) d.im = 0.0;
+                }
+                return d;
             }
-            return d;
+            if (upper ? i < j : i > j) return base[i + j * ld];
+            const T m = base[j + i * ld];
+            return herm ? conj(m) : m;
         }
-        const bool stored = upper ? i < j : i > j;
-        if (stored) return base[i + j * ld];
-        const T mirrored = base[j + i * ld];
-        return herm ? conj(mirrored) : mirrored;
+        // Triangular: op(X)(i, j) is X(r, c), conjugated for 'C'.
+        const i64 r = trans ? j : i, c = trans ? i : j;
+        if (r == c) {
+            if (unit) return one_of<T>();
+            const T d = conjugate ? conj(base[r + r * ld]) : base[r + r * ld];
+            return inverted ? one_of<T>() / d : d;
+        }
+        if (!(upper ? r < c : r > c)) return T{};
+        return conjugate ? conj(base[r + c * ld]) : base[r + c * ld];
     }
-    // Triangular: op(X)(i, j) is X(r, c), conjugated for 'C'.
-    const bool trans = reads_transposed(x);
-    const i64 r = trans ? j : i, c = trans ? i : j;
-    const bool conjugate = (x.kind & kStoredConjugated) != 0;
-    if (r == c) {
-        if (x.kind & kUnitDiagonal) return one_of<T>();
-        const T d = conjugate ? conj(base[r + r * ld]) : base[r + r * ld];
-        return (x.kind & kInvertedDiagonal) ? one_of<T>() / d : d;
-    }
-    if (!(upper ? r < c : r > c)) return T{};
-    return conjugate ? conj(base[r + c * ld]) : base[r + c * ld];
-}
+};
 
 enum class Side { strictly_lower, strictly_upper };
 
@@ -363,12 +377,6 @@ bool general_part(const MatrixDesc<T>& x, Side side, MatrixDesc<T>* view)
     }
     *view = describe_operand(kind, x.base, x.rows, x.cols, x.ld);
     return true;
-}
-
-template <class T>
-T scaled(T factor, T x)
-{
-    return is_one(factor) ? x : factor * x;
 }
 
 // One panel of `width` lines (rows of op(A) or columns of op(B)) starting at
@@ -403,10 +411,13 @@ void pack_shaped_panel(const MatrixDesc<T>& x, i64 p, i64 width, i64 l0, i64 dep
     const i64 diagonal_first = p > l0 ? p : l0;
     const i64 diagonal_last = p + width < end ? p + width : end;
     side_part(l0, p < end ? p : end, true);
+    const ShapedReader<T> reader(x);
+    const bool scale = !is_one(factor);
     for (i64 l = diagonal_first; l < diagonal_last; ++l)
         for (i64 r = 0; r < width; ++r) {
             const auto [i, j] = at(p + r, l);
-            put_value<Copies>(d + (l - l0) * step_doubles + r * Copies * kParts, scaled(factor, shaped_value(x, i, j)));
+            const T v = reader.at(i, j);
+            put_value<Copies>(d + (l - l0) * step_doubles + r * Copies * kParts, scale ? factor * v : v);
         }
     side_part(p + width > l0 ? p + width : l0, end, false);
 }
