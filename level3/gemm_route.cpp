@@ -4,6 +4,7 @@
 
 #include "level3/gemm_driver.h"
 #include "level3/gemm_pack.h"
+#include "level3/gemm_unpacked.h"
 #include "service/elements.h"
 
 namespace orv {

@@ -7,7 +7,7 @@
 // k-block in order from +0, each product rounded before it is added, and last
 // (rr - ii, ir + ri) added to C. Baseline code: the same bits on every
 // processor.
-#include "level3/kernels/gemm_small.h"
+#include "level3/gemm_unpacked.h"
 
 namespace orv {
 namespace {

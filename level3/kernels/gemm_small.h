@@ -35,11 +35,4 @@ void gemm_small(bool ta, bool tb, i64 m, i64 n, i64 k, double alpha, const doubl
                 i64 ldb, double beta, double* c, i64 ldc);
 }  // namespace avx512
 
-// The complex products that read A and B where they lie (zgemm_unpacked.inc),
-// on every path: one k-block, C += (store: =) (alpha op(A)) op(B), each
-// product rounded before it is added, as the complex tiles do; alpha and the
-// elements as pairs of doubles; ta and tb the folded letters 'N', 'T' or 'C'.
-void zgemm_unpacked(char ta, char tb, i64 m, i64 n, i64 k, const double* alpha, const double* a, i64 lda,
-                    const double* b, i64 ldb, bool store, double* c, i64 ldc);
-
 }  // namespace orv
