@@ -351,15 +351,68 @@ struct TriangularSolve {
         return left ? describe_result(b + d, count, rhs, ldb) : describe_result(b + d * ldb, rhs, count, ldb);
     }
 
+    // The diagonal block [d, d + order) by substitution: op(A)'s triangle
+    // copied with the reciprocals of its diagonal, which then multiply. A
+    // diagonal value whose reciprocal is not finite is divided by instead, by
+    // the element-wise loops.
+    void substitute(i64 d, i64 order) const
+    {
+        T m[kSubstitutionOrder * kSubstitutionOrder];  // op(A)(r, c) at m[r + c * order]
+        const bool unit = option_letter(diag) == 'U', conjugate = (op_kind & kStoredConjugated) != 0;
+        for (i64 c = 0; c < order; ++c)
+            for (i64 r = op_upper ? 0 : c; r < (op_upper ? c + 1 : order); ++r) {
+                if (r == c && unit) {
+                    m[r + c * order] = one_of<T>();
+                    continue;
+                }
+                const T* at = op_kind & kStoredAsIs ? a + (d + r) + (d + c) * lda : a + (d + c) + (d + r) * lda;
+                T v = conjugate ? conj(*at) : *at;
+                if (r == c) {
+                    v = one_of<T>() / v;
+                    if (!(v.re - v.re == 0.0 && v.im - v.im == 0.0)) return divide(d, order);
+                }
+                m[r + c * order] = v;
+            }
+        const auto diagonal = [&](i64 s) { return m[s + s * order]; };
+        if (left) {
+            // Each column of B on its own: op(A) x = b.
+            for (i64 j = 0; j < rhs; ++j) {
+                T* x = b + d + j * ldb;
+                for (i64 step = 0; step < order; ++step) {
+                    const i64 s = op_upper ? order - 1 - step : step;
+                    const T xs = x[s] * diagonal(s);
+                    x[s] = xs;
+                    for (i64 r = op_upper ? 0 : s + 1; r < (op_upper ? s : order); ++r) x[r] = x[r] - m[r + s * order] * xs;
+                }
+            }
+        } else {
+            // Column s of X, once solved, leaves the columns that op(A)'s row s reaches.
+            T* x = b + d * ldb;
+            for (i64 step = 0; step < order; ++step) {
+                const i64 s = op_upper ? step : order - 1 - step;
+                T* xs = x + s * ldb;
+                for (i64 i = 0; i < rhs; ++i) xs[i] = xs[i] * diagonal(s);
+                for (i64 c = op_upper ? s + 1 : 0; c < (op_upper ? order : s); ++c) {
+                    T* bc = x + c * ldb;
+                    const T factor = m[s + c * order];
+                    for (i64 i = 0; i < rhs; ++i) bc[i] = bc[i] - xs[i] * factor;
+                }
+            }
+        }
+    }
+
+    // The same block by the element-wise loops, which divide.
+    void divide(i64 d, i64 order) const
+    {
+        const T one = one_of<T>();
+        const i64 rows = left ? order : rhs, cols = left ? rhs : order;
+        T* block = left ? b + d : b + d * ldb;
+        cnr::ztrsm(side, uplo, transa, diag, &rows, &cols, &one, a + d + d * lda, &lda, block, &ldb);
+    }
+
     void solve(i64 d, i64 order) const
     {
-        if (order <= kSubstitutionOrder) {
-            const T one = one_of<T>();
-            const i64 rows = left ? order : rhs, cols = left ? rhs : order;
-            T* block = left ? b + d : b + d * ldb;
-            cnr::ztrsm(side, uplo, transa, diag, &rows, &cols, &one, a + d + d * lda, &lda, block, &ldb);
-            return;
-        }
+        if (order <= kSubstitutionOrder) return substitute(d, order);
         // The half whose unknowns come first is solved first, then removed
         // from the other: side L forward when op(A) is lower, side R when upper.
         const i64 h = order / 2, first = d, second = d + h;

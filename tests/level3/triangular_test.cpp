@@ -285,6 +285,40 @@ TEST(Triangular, ProductOfAnOverflowingAlphaB)
             }
 }
 
+// A complex pivot whose reciprocal overflows: its equation is solved by
+// division, exactly, wherever the solve's cuts put it.
+TEST(Triangular, ComplexSolveWithASubnormalPivot)
+{
+    const int order = 40, other = 9, k = 13;
+    const zcomplex pivot(0x1p-1030, 0.0), alpha(1.0, 0.0);
+    for (const char side : {'L', 'R'})
+        for (const char uplo : {'U', 'L'}) {
+            const bool left = side == 'L';
+            const int m = left ? order : other, n = left ? other : order;
+            Mat<zcomplex> a(order, order, 1);
+            for (int i = 0; i < order; ++i) a.at(i, i) = i == k ? pivot : zcomplex(1.0, 0.0);
+            for (int j = 0; j < order; ++j)
+                for (int i = 0; i < order; ++i)
+                    if (uplo == 'U' ? i < j : i > j) a.at(i, j) = 0.0;
+            Mat<zcomplex> b(m, n, 2);
+            Rng rng(9);
+            std::vector<zcomplex> want(std::size_t(m) * n);
+            for (int j = 0; j < n; ++j)
+                for (int i = 0; i < m; ++i) {
+                    const zcomplex x(rng.coarse(), rng.coarse());
+                    const bool on_pivot = (left ? i : j) == k;
+                    want[std::size_t(i + j * m)] = x;
+                    b.at(i, j) = on_pivot ? x * pivot : x;
+                }
+            ztrsm_(&side, &uplo, "N", "N", &m, &n, &alpha, a.data(), &a.ld, b.data(), &b.ld);
+            for (int j = 0; j < n; ++j)
+                for (int i = 0; i < m; ++i)
+                    ASSERT_TRUE(orvtest::same_bits(b.at(i, j), want[std::size_t(i + j * m)]))
+                        << side << uplo << " (" << i << "," << j << ") = " << show(b.at(i, j));
+            ASSERT_TRUE(b.buf.guards_intact()) << side << uplo;
+        }
+}
+
 TEST(Triangular, RealSolveHasSmallResidual) { run_table(cases<double>(Tri::trsm), run_case<double>); }
 TEST(Triangular, RealSolveAcrossRoadsAndBlocks) { run_table(solve_edge_cases(), run_case<double>); }
 TEST(Triangular, ComplexSolveHasSmallResidual) { run_table(cases<zcomplex>(Tri::trsm), run_case<zcomplex>); }
