@@ -9,48 +9,28 @@
 namespace orv {
 namespace {
 
-// Every build runs these members until it has its own.
-constexpr Level3Kernels kPlain = {
-    .dgemm = cnr::dgemm,
-    .zgemm = cnr::zgemm,
-    .dsymm = cnr::dsymm,
-    .zsymm = cnr::zsymm,
-    .zhemm = cnr::zhemm,
-    .dsyrk = cnr::dsyrk,
-    .zsyrk = cnr::zsyrk,
-    .zherk = cnr::zherk,
-    .dsyr2k = cnr::dsyr2k,
-    .zsyr2k = cnr::zsyr2k,
-    .zher2k = cnr::zher2k,
-    .dtrmm = cnr::dtrmm,
-    .ztrmm = cnr::ztrmm,
-    .dtrsm = cnr::dtrsm,
-    .ztrsm = cnr::ztrsm,
-};
-
-// The plain members, with the products and solves that a build has of its
-// own: the real solve with the path's solve kernels, the complex one on the
-// frame.
+// The members of a build: the products and solves on its path's frame, the
+// real solve with the path's solve kernels.
 template <const GemmPath& Path, const TrsmKernels& Solve>
 constexpr Level3Kernels on_path()
 {
-    Level3Kernels table = kPlain;
-    table.dgemm = dgemm_member<Path>;
-    table.zgemm = zgemm_member<Path>;
-    table.dsymm = symm_member<Path, double, false>;
-    table.zsymm = symm_member<Path, dcomplex, false>;
-    table.zhemm = symm_member<Path, dcomplex, true>;
-    table.dsyrk = syrk_member<Path, double, false, double>;
-    table.zsyrk = syrk_member<Path, dcomplex, false, dcomplex>;
-    table.zherk = syrk_member<Path, dcomplex, true, double>;
-    table.dsyr2k = syr2k_member<Path, double, false, double>;
-    table.zsyr2k = syr2k_member<Path, dcomplex, false, dcomplex>;
-    table.zher2k = syr2k_member<Path, dcomplex, true, double>;
-    table.dtrmm = trmm_member<Path, double>;
-    table.ztrmm = trmm_member<Path, dcomplex>;
-    table.dtrsm = dtrsm_member<Path, Solve>;
-    table.ztrsm = trsm_member<Path, dcomplex>;
-    return table;
+    return {
+        .dgemm = dgemm_member<Path>,
+        .zgemm = zgemm_member<Path>,
+        .dsymm = symm_member<Path, double, false>,
+        .zsymm = symm_member<Path, dcomplex, false>,
+        .zhemm = symm_member<Path, dcomplex, true>,
+        .dsyrk = syrk_member<Path, double, false, double>,
+        .zsyrk = syrk_member<Path, dcomplex, false, dcomplex>,
+        .zherk = syrk_member<Path, dcomplex, true, double>,
+        .dsyr2k = syr2k_member<Path, double, false, double>,
+        .zsyr2k = syr2k_member<Path, dcomplex, false, dcomplex>,
+        .zher2k = syr2k_member<Path, dcomplex, true, double>,
+        .dtrmm = trmm_member<Path, double>,
+        .ztrmm = trmm_member<Path, dcomplex>,
+        .dtrsm = dtrsm_member<Path, Solve>,
+        .ztrsm = trsm_member<Path, dcomplex>,
+    };
 }
 
 constexpr Level3Kernels kAvx512 = on_path<kGemmPathAvx512, avx512::kTrsmKernels>();

@@ -12,15 +12,7 @@ namespace orv {
 template <class T>
 void scale_c(i64 m, i64 n, T beta, T* c, i64 ldc)
 {
-    if (is_one(beta)) return;
-    for (i64 j = 0; j < n; ++j) {
-        T* cj = c + j * ldc;
-        if (is_zero(beta)) {
-            for (i64 i = 0; i < m; ++i) cj[i] = T{};
-        } else {
-            for (i64 i = 0; i < m; ++i) cj[i] = beta * cj[i];
-        }
-    }
+    for (i64 j = 0; j < n; ++j) scale_by(0, m, beta, c + j * ldc);
 }
 
 template <class T>

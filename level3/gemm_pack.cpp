@@ -427,9 +427,11 @@ struct Position {
     i64 j;
 };
 
-template <class T, int Copies>
+// Packed A holds each value once.
+template <class T>
 void pack_a_any(const MatrixDesc<T>* a, i64 i0, i64 rows, i64 l0, i64 depth, T alpha, i64 mr, T* dst)
 {
+    constexpr int Copies = 1;
     if (is_general(*a)) return pack_general_a<Copies>(*a, i0, rows, l0, depth, alpha, mr, dst);
     for (i64 r = 0; r < rows;) {
         const i64 h = next_panel_width(rows - r, mr);
@@ -464,7 +466,7 @@ void pack_b_any(const MatrixDesc<T>* b, i64 l0, i64 depth, i64 j0, i64 cols, T f
 template <class T>
 void pack_a(const MatrixDesc<T>* a, i64 i0, i64 rows, i64 l0, i64 depth, T alpha, i64 mr, T* dst)
 {
-    pack_a_any<T, 1>(a, i0, rows, l0, depth, alpha, mr, dst);
+    pack_a_any<T>(a, i0, rows, l0, depth, alpha, mr, dst);
 }
 
 template <class T>

@@ -188,15 +188,27 @@ GemmShape gemm_shape(const char* transa, const char* transb, const i64* m, const
 
 GemmEvent choose_gemm_road(const GemmPath& path, const GemmShape& s) { return road_for(path, s); }
 
-// The product of general operands past the small roads: C scaled by beta
-// once (0 clears it), then the blocked driver adds to it with the path's
-// tile for T, as the unpacked kernels add their sums to a scaled C.
+namespace {
+
+// A product on the blocked road with the path's tile for T: C scaled by beta
+// once (0 clears it), then the blocked driver adds to it, as the unpacked
+// kernels add their sums to a scaled C. The driver tells the observer whether
+// it ran blocked or fell back.
 template <class T>
-void general_blocked(const GemmPath& path, const KernelParams& params, const GemmTile* tile,
-                     FallbackRoutine<T> fallback, T alpha, T beta, const MatrixDesc<T>& a, const MatrixDesc<T>& b,
-                     const MatrixDesc<T>& c)
+void product_on_path(const GemmPath& path, T alpha, T beta, const MatrixDesc<T>& a, const MatrixDesc<T>& b,
+                     const MatrixDesc<T>& c, BlockRoutine<T> block, FallbackRoutine<T> fallback)
 {
-    const GemmPlan<T> plan = plan_product<T>(path, params, tile, fallback);
+    KernelParams params;
+    const GemmTile* tile;
+    if constexpr (is_complex<T>) {
+        init_complex_params(path, &params);
+        tile = path.ztile;
+    } else {
+        init_path_params(path, &params);
+        tile = path_tile(path, params);
+    }
+    GemmPlan<T> plan = plan_product<T>(path, params, tile, fallback);
+    plan.block = block;
     if (!is_one(beta)) {
         plan.scale(c.rows, c.cols, beta, c.base, c.ld);
         beta = one_of<T>();
@@ -204,6 +216,8 @@ void general_blocked(const GemmPath& path, const KernelParams& params, const Gem
     const GemmOp<T> op{alpha, beta};
     blocked_driver(&op, &a, &b, &c, nullptr, &plan);
 }
+
+}  // namespace
 
 void routed_dgemm(const GemmPath& path, const char* transa, const char* transb, const i64* m, const i64* n,
                   const i64* k, const double* alpha, const double* a, const i64* lda, const double* b,
@@ -228,13 +242,9 @@ void routed_dgemm(const GemmPath& path, const char* transa, const char* transb, 
     default:
         break;
     }
-    KernelParams params;
-    init_path_params(path, &params);
-    // Beta is folded into C once, here; everything after only adds. The
-    // driver tells the observer whether it ran blocked or fell back.
-    general_blocked<double>(path, params, path_tile(path, params), dgemm_fallback, *alpha, *beta,
-                            describe_operand(storage_kind(transa), a, *m, *k, *lda),
-                            describe_operand(storage_kind(transb), b, *k, *n, *ldb), describe_result(c, *m, *n, *ldc));
+    product_on_path<double>(path, *alpha, *beta, describe_operand(storage_kind(transa), a, *m, *k, *lda),
+                            describe_operand(storage_kind(transb), b, *k, *n, *ldb), describe_result(c, *m, *n, *ldc),
+                            run_block<double>, dgemm_fallback);
 }
 
 // Complex products go straight to the blocked road: even at a few elements
@@ -248,35 +258,16 @@ void routed_zgemm(const GemmPath& path, const char* transa, const char* transb, 
         scale_c(*m, *n, *beta, c, *ldc);
         return;
     }
-    KernelParams params;
-    init_complex_params(path, &params);
-    general_blocked<dcomplex>(path, params, path.ztile, zgemm_fallback, *alpha, *beta,
-                              describe_operand(storage_kind(transa), a, *m, *k, *lda),
+    product_on_path<dcomplex>(path, *alpha, *beta, describe_operand(storage_kind(transa), a, *m, *k, *lda),
                               describe_operand(storage_kind(transb), b, *k, *n, *ldb),
-                              describe_result(c, *m, *n, *ldc));
+                              describe_result(c, *m, *n, *ldc), run_block<dcomplex>, zgemm_fallback);
 }
 
 template <class T>
 void blocked_product(const GemmPath& path, T alpha, T beta, const MatrixDesc<T>& a, const MatrixDesc<T>& b,
                      const MatrixDesc<T>& c, BlockRoutine<T> block)
 {
-    KernelParams params;
-    const GemmTile* tile;
-    if constexpr (is_complex<T>) {
-        init_complex_params(path, &params);
-        tile = path.ztile;
-    } else {
-        init_path_params(path, &params);
-        tile = path_tile(path, params);
-    }
-    GemmPlan<T> plan = plan_product<T>(path, params, tile, tilewise_fallback<T>);
-    plan.block = block;
-    if (!is_one(beta)) {
-        plan.scale(c.rows, c.cols, beta, c.base, c.ld);
-        beta = one_of<T>();
-    }
-    const GemmOp<T> op{alpha, beta};
-    blocked_driver(&op, &a, &b, &c, nullptr, &plan);
+    product_on_path<T>(path, alpha, beta, a, b, c, block, tilewise_fallback<T>);
 }
 
 template void blocked_product<double>(const GemmPath&, double, double, const MatrixDesc<double>&,

@@ -126,11 +126,13 @@ void scale_triangle(bool upper, i64 n, S beta, T* c, i64 ldc)
     for (i64 j = 0; j < n; ++j) {
         const i64 first = upper ? 0 : j, last = upper ? j + 1 : n;
         T* cj = c + j * ldc;
-        if (!is_one(beta)) {
-            for (i64 i = first; i < last; ++i)
-                if (!Herm || i != j) cj[i] = is_zero(beta) ? T{} : beta * cj[i];
+        if constexpr (Herm) {
+            scale_by(first, j, beta, cj);
+            scale_by(j + 1, last, beta, cj);
+            cj[j] = T{is_zero(beta) ? 0.0 : beta * cj[j].re, 0.0};
+        } else {
+            scale_by(first, last, beta, cj);
         }
-        if constexpr (Herm) cj[j] = T{is_zero(beta) ? 0.0 : beta * cj[j].re, 0.0};
     }
 }
 
