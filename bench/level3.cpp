@@ -1,6 +1,6 @@
-// Level-3 routines other than dgemm (which bench/gemm.cpp times) of ORV and of
-// the comparison library, timed in the same run, with the register-only peak
-// loop of ORV's code path.
+// The level-3 routines of ORV and of the comparison library, timed in the
+// same run, with the register-only peak loop of ORV's code path and ORV's own
+// dgemm at the same size as yardsticks (bench/gemm.cpp times dgemm in detail).
 //
 //   orv_bench_level3 [--routines=zgemm,dtrsm,...] [--sizes=100,500,1000]
 //                    [--sides=L,R] [--uplos=L,U] [--trans=N,T,C] [--diags=N,U]
@@ -10,10 +10,11 @@
 // Sizes are square: m = n = k. Each routine runs the first letter it accepts
 // of every option it takes (dtrsm L,L,N,N; zherk L,N; zgemm N,N), or with
 // --all_options every combination that names a different operation; an
-// option list given replaces either for that option. zgemm takes --trans for
-// both transposes. Flop counts: level3_ops.cpp. With
-// --benchmark_repetitions the summary shows each library's fastest
-// repetition: on a shared host the slow ones measure the neighbours.
+// option list given replaces either for that option. dgemm and zgemm take
+// --trans for both transposes; dgemm N,N runs at every size whatever the
+// list. Flop counts: level3_ops.cpp. With --benchmark_repetitions the summary
+// shows each library's fastest repetition: on a shared host the slow ones
+// measure the neighbours.
 
 #include "bench/compare.h"
 #include "bench/level3_ops.h"
@@ -164,39 +165,47 @@ void check(const std::vector<Case>& sets, const RefBlas& ref)
     if (bad == 0) std::printf("check: every routine agrees with %s for every option set\n", bench::kRefName);
 }
 
+// The targets of one thread: from n = 500 every routine at least 0.90 of ORV's
+// dgemm (zgemm 0.95) and as fast as the comparison; up to n = 64 as fast as
+// the comparison. "-" where none applies.
+std::string target(const Case& c, int threads, double of_dgemm, double of_ref)
+{
+    if (threads != 1 || (c.m > 64 && c.m < 500) || of_ref < 0) return "-";
+    const bool fast_enough = of_ref >= 1.0;
+    if (c.m <= 64) return fast_enough ? "met" : "missed";
+    const double floor = std::strcmp(c.routine->name, "zgemm") == 0 ? 0.95 : 0.90;
+    return fast_enough && of_dgemm >= floor ? "met" : "missed";
+}
+
 std::string summary(const bench::CollectingReporter& rep, const std::vector<Case>& cases, const std::string& peak,
                     int path, bool have_ref, int threads)
 {
     std::ostringstream out;
     double peak_rate = 0;
     out << bench::peak_header(rep, peak, path, threads, &peak_rate);
-    out << "\nOptions: zgemm transa,transb; trsm, trmm side,uplo,transa,diag; syrk, herk, syr2k, her2k uplo,trans; "
-           "symm, hemm side,uplo. Complex routines count 8 flops per multiply-add.\n";
-    out << "\n| routine | options | m = n = k | ORV GFLOP/s | % of peak | " << bench::kRefName << " GFLOP/s | ORV/"
-        << bench::kRefName << " |\n";
-    out << "|---|---|---:|---:|---:|---:|---:|\n";
+    out << "\nOptions: dgemm, zgemm transa,transb; trsm, trmm side,uplo,transa,diag; syrk, herk, syr2k, her2k "
+           "uplo,trans; symm, hemm side,uplo. Complex routines count 8 flops per multiply-add. Target (one thread): "
+           "n >= 500 at least 0.90 of ORV's dgemm (zgemm 0.95) and 1.0x " << bench::kRefName
+        << "; n <= 64 1.0x " << bench::kRefName << ".\n";
+    out << "\n| routine | options | m = n = k | ORV GFLOP/s | % of peak | of ORV dgemm | " << bench::kRefName
+        << " GFLOP/s | ORV/" << bench::kRefName << " | target |\n";
+    out << "|---|---|---:|---:|---:|---:|---:|---:|---|\n";
+    auto rate = [&](const std::string& name) {
+        const bench::Result* r = rep.find(name);
+        return r != nullptr && r->ok ? r->best.at("GFLOP/s") : -1.0;
+    };
+    auto fixed = [](double v, int digits) { return v > 0 ? bench::format_fixed(v, digits) : std::string("-"); };
     for (const Case& c : cases) {
         const bench::Result* o = rep.find(row_name(c, "orv"));
-        const bench::Result* r = have_ref ? rep.find(row_name(c, "ref")) : nullptr;
         if (o == nullptr) continue;
-        out << "| " << c.routine->name << " | " << c.options() << " | " << c.m << " | ";
-        double ov = -1;
-        if (o->ok) {
-            ov = o->best.at("GFLOP/s");
-            out << bench::format_fixed(ov, 2) << " | "
-                << (peak_rate > 0 ? bench::format_fixed(100.0 * ov / peak_rate, 1) : std::string("-")) << " | ";
-        } else {
-            out << o->error << " | - | ";
-        }
-        if (r != nullptr && r->ok) {
-            const double rv = r->best.at("GFLOP/s");
-            out << bench::format_fixed(rv, 2) << " | " << (ov > 0 ? bench::format_fixed(ov / rv, 2) : std::string("-"))
-                << " |\n";
-        } else if (r != nullptr) {
-            out << r->error << " | - |\n";
-        } else {
-            out << "- | - |\n";
-        }
+        const Case yardstick{l3::find_routine("dgemm"), '-', '-', 'N', 'N', '-', c.m, c.n, c.k};
+        const double ov = rate(row_name(c, "orv")), rv = have_ref ? rate(row_name(c, "ref")) : -1.0;
+        const double dv = rate(row_name(yardstick, "orv"));
+        const double of_dgemm = ov > 0 && dv > 0 ? ov / dv : -1.0, of_ref = ov > 0 && rv > 0 ? ov / rv : -1.0;
+        out << "| " << c.routine->name << " | " << c.options() << " | " << c.m << " | "
+            << (o->ok ? fixed(ov, 2) : o->error) << " | " << (peak_rate > 0 ? fixed(100.0 * ov / peak_rate, 1) : "-")
+            << " | " << fixed(of_dgemm, 2) << " | " << fixed(rv, 2) << " | " << fixed(of_ref, 2) << " | "
+            << target(c, threads, of_dgemm, of_ref) << " |\n";
     }
     return out.str();
 }
@@ -228,7 +237,10 @@ int main(int argc, char** argv)
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
 
+    // ORV's dgemm N,N is the yardstick of every row.
     std::vector<Case> sets;
+    if (std::find(names.begin(), names.end(), "dgemm") == names.end())
+        sets.push_back({l3::find_routine("dgemm"), '-', '-', 'N', 'N', '-', 0, 0, 0});
     for (const std::string& name : names) {
         const l3::Routine* r = l3::find_routine(name);
         if (r == nullptr) {

@@ -13,6 +13,7 @@ namespace l3 {
 const std::vector<Routine>& routines()
 {
     static const std::vector<Routine> list = {
+        {"dgemm", Kind::gemm, false, "", "", "NTC", ""},
         {"zgemm", Kind::gemm, true, "", "", "NTC", ""},
         {"dtrsm", Kind::trsm, false, "LR", "LU", "NTC", "NU"},
         {"ztrsm", Kind::trsm, true, "LR", "LU", "NTC", "NU"},
@@ -247,7 +248,12 @@ void call(const Case& c, bool orv, const bench::RefBlas& ref, Operands& op)
     const bool z = c.routine->complex;
     switch (c.routine->kind) {
     case Kind::gemm:
-        (orv ? &zgemm_ : ref.zgemm)(ta, tb, &op.m, &op.n, &op.k, za, a, &op.lda, b, &op.ldb, complex_one, cm, &op.ldc);
+        if (z) {
+            (orv ? &zgemm_ : ref.zgemm)(ta, tb, &op.m, &op.n, &op.k, za, a, &op.lda, b, &op.ldb, complex_one, cm,
+                                        &op.ldc);
+        } else {
+            (orv ? &dgemm_ : ref.dgemm)(ta, tb, &op.m, &op.n, &op.k, ra, a, &op.lda, b, &op.ldb, &real_one, cm, &op.ldc);
+        }
         break;
     case Kind::trsm:
         if (z) {

@@ -1,6 +1,6 @@
-// The level-3 routines the level-3 benchmark times (all but dgemm, which has
-// its own program): their option letters, operands, flop counts and one call
-// of either library.
+// The level-3 routines the level-3 benchmark times, dgemm among them as the
+// yardstick of the others: their option letters, operands, flop counts and
+// one call of either library.
 #pragma once
 
 #include "bench/compare.h"
@@ -13,7 +13,7 @@ namespace l3 {
 enum class Kind { gemm, trsm, trmm, syrk, herk, syr2k, her2k, symm, hemm };
 
 // Letters the routine accepts per option; "" when it takes no such option.
-// zgemm uses `trans` for both of its transposes.
+// dgemm and zgemm use `trans` for both of their transposes.
 struct Routine {
     const char* name;
     Kind kind;

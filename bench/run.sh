@@ -71,8 +71,8 @@ gemm_shapes=2000x2000x64,64x2000x2000,2000x64x2000
 # dgemm rows report the fastest of three repetitions, for both libraries.
 gemm_opts=(--benchmark_min_time=0.2 --benchmark_repetitions=3 --max_call_seconds="$max_call")
 small_opts=(--benchmark_min_time=0.05 --benchmark_repetitions=3 --shapes= --max_call_seconds="$max_call")
-l3_sizes=16,64,100,500,1000
-# Every level-3 routine but dgemm, one option set each; fastest of three
+l3_sizes=8,16,32,64,100,500,1000,2000
+# Every level-3 routine, one option set each, dgemm as the yardstick; fastest of three
 # repetitions for both libraries.
 l3_opts=(--benchmark_min_time=0.2 --benchmark_repetitions=3)
 
@@ -93,9 +93,9 @@ run gemm_avx512 "DGEMM, path 7 (avx512), 1 thread, OpenBLAS SkylakeX" \
 run gemm_avx512_small "DGEMM small sizes, path 7 (avx512), 1 thread, OpenBLAS SkylakeX" \
   ORV_ENABLE_INSTRUCTIONS=AVX512 OPENBLAS_CORETYPE=SkylakeX \
   -- "$gemm" --sizes=4-32 --trans=NN,NT,TN,TT "${small_opts[@]}"
-run level3_avx2 "Level 3 but DGEMM, default path (avx2), 1 thread, OpenBLAS Haswell" OPENBLAS_CORETYPE=Haswell \
+run level3_avx2 "Level 3, default path (avx2), 1 thread, OpenBLAS Haswell" OPENBLAS_CORETYPE=Haswell \
   -- "$level3" --sizes=$l3_sizes --threads=1 "${l3_opts[@]}"
-run level3_avx512 "Level 3 but DGEMM, path 7 (avx512), 1 thread, OpenBLAS SkylakeX" \
+run level3_avx512 "Level 3, path 7 (avx512), 1 thread, OpenBLAS SkylakeX" \
   ORV_DEBUG_CPU_TYPE=7 ORV_ENABLE_INSTRUCTIONS=AVX512 OPENBLAS_CORETYPE=SkylakeX \
   -- "$level3" --sizes=$l3_sizes --threads=1 "${l3_opts[@]}"
 for path in 0 2 3 4 6; do
