@@ -14,8 +14,8 @@ namespace orvtest {
 inline std::vector<int> level1_sizes()
 {
     std::vector<int> sizes;
-    for (int n = 0; n <= 40; ++n) sizes.push_back(n);
-    for (int n : {47, 63, 64, 65, 100, 1000, 4097}) sizes.push_back(n);
+    for (int n = 0; n <= 80; ++n) sizes.push_back(n);
+    for (int n : {100, 127, 128, 129, 1000, 4097}) sizes.push_back(n);
     return sizes;
 }
 

@@ -109,20 +109,52 @@ TEST(Nrm2, Values)
         {{0, kNaN, 0}, kNaN, 0},
         {{1, kInf, 2}, kInf, 0},
         {{kInf, kInf}, kNaN, 0},
+        {{-kInf}, kInf, 0},
     };
     const int one = 1;
     for (const auto& c : cases) {
-        const int n = static_cast<int>(c.x.size());
-        const double got = dnrm2_(&n, c.x.data(), &one);
-        if (std::isnan(c.want))
-            EXPECT_TRUE(std::isnan(got)) << got;
-        else if (c.tolerance == 0)
-            EXPECT_EQ(got, c.want);
-        else
-            EXPECT_NEAR(got / c.want, 1.0, c.tolerance);
+        // The values at the start, in the middle and at the end of a longer
+        // vector of zeros, so that every lane and block sees them.
+        for (int pad : {0, 5, 37}) {
+            std::vector<double> x(c.x);
+            x.insert(x.begin(), pad, 0.0);
+            x.insert(x.end(), pad, 0.0);
+            const int n = static_cast<int>(x.size());
+            const double got = dnrm2_(&n, x.data(), &one);
+            if (std::isnan(c.want))
+                EXPECT_TRUE(std::isnan(got)) << got << " pad " << pad;
+            else if (c.tolerance == 0)
+                EXPECT_EQ(got, c.want) << "pad " << pad;
+            else
+                EXPECT_NEAR(got / c.want, 1.0, c.tolerance) << "pad " << pad;
+        }
     }
     const zcomplex z(3, -4);
     EXPECT_EQ(dznrm2_(&one, &z, &one), 5.0);
+}
+
+// Near the top of the range, near the bottom, subnormal, and mixed scales:
+// no overflow, no underflow, against a sum in long double.
+TEST(Nrm2, AccurateAtEveryScale)
+{
+    Rng rng(37);
+    const int one = 1;
+    for (int scale_exp : {1000, -1000, -1060, 0})
+        for (int n : {2, 7, 33, 64, 129, 1000}) {
+            std::vector<double> xv(n);
+            std::vector<zcomplex> zv(n);
+            long double sum = 0;
+            for (int i = 0; i < n; ++i) {
+                const int spread = scale_exp == 0 ? static_cast<int>(rng.bits() % 600) - 300 : 0;
+                xv[i] = std::ldexp(rng.full(), scale_exp + spread);
+                sum += static_cast<long double>(xv[i]) * xv[i];
+            }
+            for (int i = 0; i < n; ++i) zv[i] = {xv[i], xv[n - 1 - i]};
+            const double want = static_cast<double>(std::sqrt(sum));
+            const double tolerance = scale_exp == -1060 ? 1e-3 : 1e-14;  // subnormals carry few bits
+            EXPECT_NEAR(dnrm2_(&n, xv.data(), &one) / want, 1.0, tolerance) << "n=" << n << " at 2^" << scale_exp;
+            EXPECT_NEAR(dznrm2_(&n, zv.data(), &one) / (want * std::sqrt(2.0)), 1.0, tolerance) << "n=" << n;
+        }
 }
 
 TEST(Asum, Values)
@@ -144,11 +176,11 @@ TEST(Asum, Values)
 }
 
 // Integers in [-5, 5] make ties common; NaNs are planted at the edges, in the
-// middle, next to each other and around the alignment step.
+// middle, next to each other and at block edges.
 std::vector<std::vector<int>> nan_plans(int n)
 {
     std::vector<std::vector<int>> plans = {{}};
-    for (int at : {0, 1, 2, n / 2, n - 2, n - 1})
+    for (int at : {0, 1, 2, n / 2, n - 2, n - 1, 255, 256, 511, 512})
         if (at >= 0 && at < n) plans.push_back({at});
     if (n >= 4) plans.push_back({1, n / 2 + 1});
     if (n >= 3) plans.push_back({n / 2, n / 2 + 1});
@@ -163,30 +195,35 @@ TEST_P(IamaxIncrement, FollowsTheScalarRule)
     Rng rng(35);
     auto small = [&rng] { return static_cast<double>(static_cast<int>(rng.bits() % 11) - 5); };
     for (int n : level1_sizes()) {
-        for (const auto& plan : nan_plans(n)) {
-            std::vector<double> xv(n);
-            std::vector<zcomplex> zv(n);
-            for (int i = 0; i < n; ++i) {
-                xv[i] = small();
-                zv[i] = {small(), small() / 2};
-            }
-            for (int at : plan) {
-                xv[at] = kNaN;
-                zv[at] = {at % 2 ? 1.0 : kNaN, at % 2 ? kNaN : 1.0};
-            }
-            const int want = model::iamax(n, xv.data(), 1, [](double v) { return std::fabs(v); });
-            const int zwant = model::iamax(n, zv.data(), 1, model::magnitude);
-            for (int off : inc == 1 ? offsets() : std::vector<int>{0}) {
-                Vec<double> x(n, inc, xv, off);
-                Vec<zcomplex> z(n, inc, zv, off);
-                // Without NaNs any split finds the first largest element.
-                if (plan.empty() || n < kRealSplits) {
-                    ASSERT_EQ(idamax_(&n, x.data(), &inc), want) << "n=" << n << " at +" << off << " NaNs " << plan.size();
+        // Growing values move the maximum into every block.
+        for (bool growing : {false, true}) {
+            for (const auto& plan : nan_plans(n)) {
+                std::vector<double> xv(n);
+                std::vector<zcomplex> zv(n);
+                for (int i = 0; i < n; ++i) {
+                    xv[i] = growing ? (i % 2 ? -1.0 : 1.0) * (i / 3) : small();
+                    zv[i] = {xv[i], growing ? 0.5 : small() / 2};
                 }
-                if (plan.empty() || n < kComplexSplits) {
-                    ASSERT_EQ(izamax_(&n, z.data(), &inc), zwant) << "n=" << n << " at +" << off << " NaNs " << plan.size();
+                for (int at : plan) {
+                    xv[at] = kNaN;
+                    zv[at] = {at % 2 ? 1.0 : kNaN, at % 2 ? kNaN : 1.0};
                 }
-                ASSERT_TRUE(x.holds(xv));
+                const int want = model::iamax(n, xv.data(), 1, [](double v) { return std::fabs(v); });
+                const int zwant = model::iamax(n, zv.data(), 1, model::magnitude);
+                for (int off : inc == 1 ? offsets() : std::vector<int>{0}) {
+                    Vec<double> x(n, inc, xv, off);
+                    Vec<zcomplex> z(n, inc, zv, off);
+                    // Without NaNs any split finds the first largest element.
+                    if (plan.empty() || n < kRealSplits) {
+                        ASSERT_EQ(idamax_(&n, x.data(), &inc), want)
+                            << "n=" << n << " at +" << off << " NaNs " << plan.size() << " growing " << growing;
+                    }
+                    if (plan.empty() || n < kComplexSplits) {
+                        ASSERT_EQ(izamax_(&n, z.data(), &inc), zwant)
+                            << "n=" << n << " at +" << off << " NaNs " << plan.size() << " growing " << growing;
+                    }
+                    ASSERT_TRUE(x.holds(xv));
+                }
             }
         }
     }

@@ -208,6 +208,31 @@ TEST(Axpy, ZeroAlphaLeavesYUntouchedAndNaNAlphaPropagates)
     EXPECT_EQ(cy(n - 1).imag(), 5.0);
 }
 
+// Copies whose destination is too large for the caches take the
+// non-temporal store loop: the same bits, the head before the first aligned
+// vector and the tail after the last one included, nothing written outside.
+TEST(Copy, LargeCopiesMatchBitForBit)
+{
+    Rng rng(25);
+    const int one = 1, minus_one = -1;
+    const int n = (16 << 20) / 8 + 13;  // just past the streaming threshold, odd tail
+    auto xv = random_values<double>(rng, n);
+    xv[n / 3] = std::bit_cast<double>(0x7ff0000000000123ull);  // NaN payloads move as bits
+    for (int oy : {0, 8, 24}) {
+        Vec<double> x(n, 1, xv, 8), y(n, 1, oy);
+        dcopy_(&n, x.data(), &one, y.data(), &one);
+        ASSERT_TRUE(y.holds(xv)) << "dcopy at +" << oy;
+        Vec<double> xb(n, -1, xv, 8), yb(n, -1, oy);
+        dcopy_(&n, xb.data(), &minus_one, yb.data(), &minus_one);  // both backwards: copied as forwards
+        ASSERT_TRUE(yb.holds(xv)) << "dcopy backwards at +" << oy;
+    }
+    const int zn = (16 << 20) / 16 + 5;
+    const auto zv = random_values<zcomplex>(rng, zn);
+    Vec<zcomplex> zx(zn, 1, zv, 0), zy(zn, 1, 8);
+    zcopy_(&zn, zx.data(), &one, zy.data(), &one);
+    ASSERT_TRUE(zy.holds(zv));
+}
+
 // Non-positive lengths touch nothing, whatever the other arguments.
 TEST(Update, NonPositiveLengthsTouchNothing)
 {
