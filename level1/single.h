@@ -9,7 +9,7 @@
 
 #include "service/types.h"
 
-namespace orv::cnr {
+namespace orv::plain {
 
 // Dot products. sdsdot adds the sum to sb and dsdot returns it, both
 // accumulated in double; the complex ones write their result to *result.
@@ -51,4 +51,4 @@ void srotg(float* a, float* b, float* c, float* s);
 void crotg(fcomplex* ca, const fcomplex* cb, float* c, fcomplex* s);
 void srotmg(float* d1, float* d2, float* x1, const float* y1, float* param);
 
-}  // namespace orv::cnr
+}  // namespace orv::plain

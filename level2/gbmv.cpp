@@ -20,7 +20,7 @@ void gbmv(const char* trans, const i64* m, const i64* n, const i64* kl, const i6
 }  // namespace
 }  // namespace orv::l2
 
-namespace orv::cnr {
+namespace orv::plain {
 
 void sgbmv(const char* trans, const i64* m, const i64* n, const i64* kl, const i64* ku, const float* alpha,
            const float* a, const i64* lda, const float* x, const i64* incx, const float* beta, float* y,
@@ -50,4 +50,4 @@ void zgbmv(const char* trans, const i64* m, const i64* n, const i64* kl, const i
     l2::gbmv(trans, m, n, kl, ku, alpha, a, lda, x, incx, beta, y, incy);
 }
 
-}  // namespace orv::cnr
+}  // namespace orv::plain

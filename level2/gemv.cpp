@@ -20,7 +20,7 @@ void gemv(const char* trans, const i64* m, const i64* n, const T* alpha, const T
 }  // namespace
 }  // namespace orv::l2
 
-namespace orv::cnr {
+namespace orv::plain {
 
 void sgemv(const char* trans, const i64* m, const i64* n, const float* alpha, const float* a, const i64* lda,
            const float* x, const i64* incx, const float* beta, float* y, const i64* incy)
@@ -46,4 +46,4 @@ void zgemv(const char* trans, const i64* m, const i64* n, const dcomplex* alpha,
     l2::gemv(trans, m, n, alpha, a, lda, x, incx, beta, y, incy);
 }
 
-}  // namespace orv::cnr
+}  // namespace orv::plain

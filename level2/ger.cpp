@@ -24,7 +24,7 @@ void rank1(i64 m, i64 n, T alpha, const T* x, i64 incx, const T* y, i64 incy, T*
 }  // namespace
 }  // namespace orv::l2
 
-namespace orv::cnr {
+namespace orv::plain {
 
 void sger(const i64* m, const i64* n, const float* alpha, const float* x, const i64* incx, const float* y,
           const i64* incy, float* a, const i64* lda)
@@ -62,4 +62,4 @@ void zgerc(const i64* m, const i64* n, const dcomplex* alpha, const dcomplex* x,
     l2::rank1<true>(*m, *n, *alpha, x, *incx, y, *incy, a, *lda);
 }
 
-}  // namespace orv::cnr
+}  // namespace orv::plain

@@ -12,7 +12,7 @@
 
 #include "service/types.h"
 
-namespace orv::cnr {
+namespace orv::plain {
 
 // y := alpha * op(A) * x + beta * y
 void sgemv(const char* trans, const i64* m, const i64* n, const float* alpha, const float* a, const i64* lda,
@@ -166,4 +166,4 @@ void ctpsv(const char* uplo, const char* trans, const char* diag, const i64* n, 
 void ztpsv(const char* uplo, const char* trans, const char* diag, const i64* n, const dcomplex* ap, dcomplex* x,
            const i64* incx);
 
-}  // namespace orv::cnr
+}  // namespace orv::plain

@@ -19,7 +19,7 @@ void sbmv(const char* uplo, const i64* n, const i64* k, const T* alpha, const T*
 }  // namespace
 }  // namespace orv::l2
 
-namespace orv::cnr {
+namespace orv::plain {
 
 void ssbmv(const char* uplo, const i64* n, const i64* k, const float* alpha, const float* a, const i64* lda,
            const float* x, const i64* incx, const float* beta, float* y, const i64* incy)
@@ -45,4 +45,4 @@ void zhbmv(const char* uplo, const i64* n, const i64* k, const dcomplex* alpha, 
     l2::sbmv(uplo, n, k, alpha, a, lda, x, incx, beta, y, incy);
 }
 
-}  // namespace orv::cnr
+}  // namespace orv::plain

@@ -19,7 +19,7 @@ void spmv(const char* uplo, const i64* n, const T* alpha, const T* ap, const T* 
 }  // namespace
 }  // namespace orv::l2
 
-namespace orv::cnr {
+namespace orv::plain {
 
 void sspmv(const char* uplo, const i64* n, const float* alpha, const float* ap, const float* x, const i64* incx,
            const float* beta, float* y, const i64* incy)
@@ -45,4 +45,4 @@ void zhpmv(const char* uplo, const i64* n, const dcomplex* alpha, const dcomplex
     l2::spmv(uplo, n, alpha, ap, x, incx, beta, y, incy);
 }
 
-}  // namespace orv::cnr
+}  // namespace orv::plain

@@ -17,7 +17,7 @@ void spr(const char* uplo, const i64* n, const real_of<T>* alpha, const T* x, co
 }  // namespace
 }  // namespace orv::l2
 
-namespace orv::cnr {
+namespace orv::plain {
 
 void sspr(const char* uplo, const i64* n, const float* alpha, const float* x, const i64* incx, float* ap)
 {
@@ -39,4 +39,4 @@ void zhpr(const char* uplo, const i64* n, const double* alpha, const dcomplex* x
     l2::spr(uplo, n, alpha, x, incx, ap);
 }
 
-}  // namespace orv::cnr
+}  // namespace orv::plain

@@ -18,7 +18,7 @@ void spr2(const char* uplo, const i64* n, const T* alpha, const T* x, const i64*
 }  // namespace
 }  // namespace orv::l2
 
-namespace orv::cnr {
+namespace orv::plain {
 
 void sspr2(const char* uplo, const i64* n, const float* alpha, const float* x, const i64* incx, const float* y,
            const i64* incy, float* ap)
@@ -44,4 +44,4 @@ void zhpr2(const char* uplo, const i64* n, const dcomplex* alpha, const dcomplex
     l2::spr2(uplo, n, alpha, x, incx, y, incy, ap);
 }
 
-}  // namespace orv::cnr
+}  // namespace orv::plain

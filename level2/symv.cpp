@@ -18,7 +18,7 @@ void symv(const char* uplo, const i64* n, const T* alpha, const T* a, const i64*
 }  // namespace
 }  // namespace orv::l2
 
-namespace orv::cnr {
+namespace orv::plain {
 
 void ssymv(const char* uplo, const i64* n, const float* alpha, const float* a, const i64* lda, const float* x,
            const i64* incx, const float* beta, float* y, const i64* incy)
@@ -44,4 +44,4 @@ void zhemv(const char* uplo, const i64* n, const dcomplex* alpha, const dcomplex
     l2::symv(uplo, n, alpha, a, lda, x, incx, beta, y, incy);
 }
 
-}  // namespace orv::cnr
+}  // namespace orv::plain

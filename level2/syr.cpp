@@ -16,7 +16,7 @@ void syr(const char* uplo, const i64* n, const real_of<T>* alpha, const T* x, co
 }  // namespace
 }  // namespace orv::l2
 
-namespace orv::cnr {
+namespace orv::plain {
 
 void ssyr(const char* uplo, const i64* n, const float* alpha, const float* x, const i64* incx, float* a,
           const i64* lda)
@@ -42,4 +42,4 @@ void zher(const char* uplo, const i64* n, const double* alpha, const dcomplex* x
     l2::syr(uplo, n, alpha, x, incx, a, lda);
 }
 
-}  // namespace orv::cnr
+}  // namespace orv::plain

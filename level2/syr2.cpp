@@ -18,7 +18,7 @@ void syr2(const char* uplo, const i64* n, const T* alpha, const T* x, const i64*
 }  // namespace
 }  // namespace orv::l2
 
-namespace orv::cnr {
+namespace orv::plain {
 
 void ssyr2(const char* uplo, const i64* n, const float* alpha, const float* x, const i64* incx, const float* y,
            const i64* incy, float* a, const i64* lda)
@@ -44,4 +44,4 @@ void zher2(const char* uplo, const i64* n, const dcomplex* alpha, const dcomplex
     l2::syr2(uplo, n, alpha, x, incx, y, incy, a, lda);
 }
 
-}  // namespace orv::cnr
+}  // namespace orv::plain

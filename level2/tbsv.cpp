@@ -17,7 +17,7 @@ void tbsv(const char* uplo, const char* trans, const char* diag, const i64* n, c
 }  // namespace
 }  // namespace orv::l2
 
-namespace orv::cnr {
+namespace orv::plain {
 
 void stbsv(const char* uplo, const char* trans, const char* diag, const i64* n, const i64* k, const float* a,
            const i64* lda, float* x, const i64* incx)
@@ -43,4 +43,4 @@ void ztbsv(const char* uplo, const char* trans, const char* diag, const i64* n, 
     l2::tbsv(uplo, trans, diag, n, k, a, lda, x, incx);
 }
 
-}  // namespace orv::cnr
+}  // namespace orv::plain

@@ -16,7 +16,7 @@ void tpmv(const char* uplo, const char* trans, const char* diag, const i64* n, c
 }  // namespace
 }  // namespace orv::l2
 
-namespace orv::cnr {
+namespace orv::plain {
 
 void stpmv(const char* uplo, const char* trans, const char* diag, const i64* n, const float* ap, float* x,
            const i64* incx)
@@ -42,4 +42,4 @@ void ztpmv(const char* uplo, const char* trans, const char* diag, const i64* n, 
     l2::tpmv(uplo, trans, diag, n, ap, x, incx);
 }
 
-}  // namespace orv::cnr
+}  // namespace orv::plain

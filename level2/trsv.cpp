@@ -16,7 +16,7 @@ void trsv(const char* uplo, const char* trans, const char* diag, const i64* n, c
 }  // namespace
 }  // namespace orv::l2
 
-namespace orv::cnr {
+namespace orv::plain {
 
 void strsv(const char* uplo, const char* trans, const char* diag, const i64* n, const float* a, const i64* lda,
            float* x, const i64* incx)
@@ -42,4 +42,4 @@ void ztrsv(const char* uplo, const char* trans, const char* diag, const i64* n, 
     l2::trsv(uplo, trans, diag, n, a, lda, x, incx);
 }
 
-}  // namespace orv::cnr
+}  // namespace orv::plain

@@ -4,7 +4,7 @@
 
 #include "service/elements.h"
 
-namespace orv::cnr::l3 {
+namespace orv::plain::l3 {
 
 // Element (r, c) of op(X), X column-major with leading dimension ld;
 // op transposes when `trans` is set and also conjugates when Conj is.
@@ -31,4 +31,4 @@ struct RowRange {
 };
 inline RowRange triangle_rows(bool upper, i64 j, i64 n) { return upper ? RowRange{0, j + 1} : RowRange{j, n}; }
 
-}  // namespace orv::cnr::l3
+}  // namespace orv::plain::l3

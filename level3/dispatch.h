@@ -7,21 +7,21 @@
 namespace orv {
 
 struct Level3Kernels {
-    decltype(&cnr::dgemm) dgemm;
-    decltype(&cnr::zgemm) zgemm;
-    decltype(&cnr::dsymm) dsymm;
-    decltype(&cnr::zsymm) zsymm;
-    decltype(&cnr::zhemm) zhemm;
-    decltype(&cnr::dsyrk) dsyrk;
-    decltype(&cnr::zsyrk) zsyrk;
-    decltype(&cnr::zherk) zherk;
-    decltype(&cnr::dsyr2k) dsyr2k;
-    decltype(&cnr::zsyr2k) zsyr2k;
-    decltype(&cnr::zher2k) zher2k;
-    decltype(&cnr::dtrmm) dtrmm;
-    decltype(&cnr::ztrmm) ztrmm;
-    decltype(&cnr::dtrsm) dtrsm;
-    decltype(&cnr::ztrsm) ztrsm;
+    decltype(&plain::dgemm) dgemm;
+    decltype(&plain::zgemm) zgemm;
+    decltype(&plain::dsymm) dsymm;
+    decltype(&plain::zsymm) zsymm;
+    decltype(&plain::zhemm) zhemm;
+    decltype(&plain::dsyrk) dsyrk;
+    decltype(&plain::zsyrk) zsyrk;
+    decltype(&plain::zherk) zherk;
+    decltype(&plain::dsyr2k) dsyr2k;
+    decltype(&plain::zsyr2k) zsyr2k;
+    decltype(&plain::zher2k) zher2k;
+    decltype(&plain::dtrmm) dtrmm;
+    decltype(&plain::ztrmm) ztrmm;
+    decltype(&plain::dtrsm) dtrsm;
+    decltype(&plain::ztrsm) ztrsm;
 };
 
 template <>

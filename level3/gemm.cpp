@@ -2,7 +2,7 @@
 #include "level3/common.h"
 #include "level3/level3.h"
 
-namespace orv::cnr {
+namespace orv::plain {
 namespace {
 
 using namespace l3;
@@ -90,4 +90,4 @@ void zgemm(const char* transa, const char* transb, const i64* m, const i64* n, c
     gemm_options(transa, transb, *m, *n, *k, *alpha, a, *lda, b, *ldb, *beta, c, *ldc);
 }
 
-}  // namespace orv::cnr
+}  // namespace orv::plain

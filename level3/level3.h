@@ -10,7 +10,7 @@
 
 #include "service/types.h"
 
-namespace orv::cnr {
+namespace orv::plain {
 
 // C := alpha * op(A) * op(B) + beta * C
 void sgemm(const char* transa, const char* transb, const i64* m, const i64* n, const i64* k, const float* alpha,
@@ -93,4 +93,4 @@ void ctrsm(const char* side, const char* uplo, const char* transa, const char* d
 void ztrsm(const char* side, const char* uplo, const char* transa, const char* diag, const i64* m, const i64* n,
            const dcomplex* alpha, const dcomplex* a, const i64* lda, dcomplex* b, const i64* ldb);
 
-}  // namespace orv::cnr
+}  // namespace orv::plain

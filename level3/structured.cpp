@@ -295,8 +295,8 @@ void structured_trmm(const GemmPath& path, const char* side, const char* uplo, c
         non_finite |= (bits[v] & kExponent) == kExponent;
     if (refused || non_finite != 0) {
         orv_free(copy);
-        if constexpr (is_complex<T>) cnr::ztrmm(side, uplo, transa, diag, m, n, alpha, a, lda, b, ldb);
-        else cnr::dtrmm(side, uplo, transa, diag, m, n, alpha, a, lda, b, ldb);
+        if constexpr (is_complex<T>) plain::ztrmm(side, uplo, transa, diag, m, n, alpha, a, lda, b, ldb);
+        else plain::dtrmm(side, uplo, transa, diag, m, n, alpha, a, lda, b, ldb);
         return;
     }
     const MatrixDesc<T> general = describe_operand(kStoredAsIs, copy, m_, n_, m_);
@@ -409,7 +409,7 @@ struct TriangularSolve {
         const T one = one_of<T>();
         const i64 rows = left ? order : rhs, cols = left ? rhs : order;
         T* block = left ? b + d : b + d * ldb;
-        cnr::ztrsm(side, uplo, transa, diag, &rows, &cols, &one, a + d + d * lda, &lda, block, &ldb);
+        plain::ztrsm(side, uplo, transa, diag, &rows, &cols, &one, a + d + d * lda, &lda, block, &ldb);
     }
 
     void solve(i64 d, i64 order) const

@@ -4,7 +4,7 @@
 #include "level3/common.h"
 #include "level3/level3.h"
 
-namespace orv::cnr {
+namespace orv::plain {
 namespace {
 
 using namespace l3;
@@ -94,4 +94,4 @@ void zhemm(const char* side, const char* uplo, const i64* m, const i64* n, const
     symm_options<true>(side, uplo, m, n, alpha, a, lda, b, ldb, beta, c, ldc);
 }
 
-}  // namespace orv::cnr
+}  // namespace orv::plain

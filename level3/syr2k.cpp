@@ -6,7 +6,7 @@
 #include "level3/common.h"
 #include "level3/level3.h"
 
-namespace orv::cnr {
+namespace orv::plain {
 namespace {
 
 using namespace l3;
@@ -110,4 +110,4 @@ void zher2k(const char* uplo, const char* trans, const i64* n, const i64* k, con
     syr2k_options<true>(uplo, trans, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
 }
 
-}  // namespace orv::cnr
+}  // namespace orv::plain

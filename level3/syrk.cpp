@@ -4,7 +4,7 @@
 #include "level3/common.h"
 #include "level3/level3.h"
 
-namespace orv::cnr {
+namespace orv::plain {
 namespace {
 
 using namespace l3;
@@ -91,4 +91,4 @@ void zherk(const char* uplo, const char* trans, const i64* n, const i64* k, cons
     syrk_options<true>(uplo, trans, n, k, alpha, a, lda, beta, c, ldc);
 }
 
-}  // namespace orv::cnr
+}  // namespace orv::plain

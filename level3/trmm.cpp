@@ -4,7 +4,7 @@
 #include "level3/common.h"
 #include "level3/level3.h"
 
-namespace orv::cnr {
+namespace orv::plain {
 namespace {
 
 using namespace l3;
@@ -141,4 +141,4 @@ void ztrmm(const char* side, const char* uplo, const char* transa, const char* d
     trmm_options(side, uplo, transa, diag, *m, *n, *alpha, a, *lda, b, *ldb);
 }
 
-}  // namespace orv::cnr
+}  // namespace orv::plain

@@ -4,7 +4,7 @@
 #include "level1/single.h"
 #include "service/elements.h"
 
-namespace orv::cnr {
+namespace orv::plain {
 namespace {
 
 template <bool Conj, typename T, typename Acc>
@@ -45,4 +45,4 @@ void cdotu(fcomplex* result, const i64* n, const fcomplex* x, const i64* incx, c
     *result = dot<false>(n, x, incx, y, incy, fcomplex{});
 }
 
-}  // namespace orv::cnr
+}  // namespace orv::plain

@@ -5,7 +5,7 @@
 #include "level1/single.h"
 #include "service/elements.h"
 
-namespace orv::cnr {
+namespace orv::plain {
 namespace {
 
 // |x| of a real element, |re| + |im| of a complex one.
@@ -123,4 +123,4 @@ i64 icamax(const i64* n, const fcomplex* x, const i64* incx) { return iamax(n, x
 
 float scabs1(const fcomplex* z) { return magnitude(*z); }
 
-}  // namespace orv::cnr
+}  // namespace orv::plain

@@ -4,7 +4,7 @@
 #include "level1/single.h"
 #include "service/elements.h"
 
-namespace orv::cnr {
+namespace orv::plain {
 namespace {
 
 // Applies op(x, y) to each pair of elements; op updates both in place.
@@ -80,4 +80,4 @@ void crotg(fcomplex* ca, const fcomplex* cb, float* c, fcomplex* s) { scalar::co
 
 void srotmg(float* d1, float* d2, float* x1, const float* y1, float* param) { scalar::rotmg(d1, d2, x1, y1, param); }
 
-}  // namespace orv::cnr
+}  // namespace orv::plain

@@ -3,7 +3,7 @@
 #include "level1/single.h"
 #include "service/elements.h"
 
-namespace orv::cnr {
+namespace orv::plain {
 namespace {
 
 // y := alpha * x + y, the product rounded before the addition. A zero alpha
@@ -84,4 +84,4 @@ void sswap(const i64* n, float* x, const i64* incx, float* y, const i64* incy) {
 
 void cswap(const i64* n, fcomplex* x, const i64* incx, fcomplex* y, const i64* incy) { swap(n, x, incx, y, incy); }
 
-}  // namespace orv::cnr
+}  // namespace orv::plain

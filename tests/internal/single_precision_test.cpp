@@ -26,7 +26,7 @@
 
 namespace {
 
-using namespace orv::cnr;
+using namespace orv::plain;
 using orv::fcomplex;
 using orv::i64;
 using cd = std::complex<double>;
