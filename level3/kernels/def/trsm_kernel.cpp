@@ -1,6 +1,7 @@
 // Baseline (SSE2) kernels of the real triangular solve: 4 x 4 tiles of 128-bit
 // registers; packed B and the packed triangle hold every value twice, as the
 // GEMM kernel of this path wants, and side L solves each column of B twice.
+// The complex solve: the complex 2 x 2 tile, 2 unknowns a chunk.
 #include <immintrin.h>
 
 #include "level3/kernels/trsm_kernel.h"
@@ -10,7 +11,9 @@ namespace orv::def {
 #include "level3/kernels/gemm_lanes.inc"
 #include "level3/kernels/trsm_direct.inc"
 #include "level3/kernels/trsm_solve.inc"
+#include "level3/kernels/trsm_complex.inc"
 
-extern const TrsmKernels kTrsmKernels = TrsmTiles<Lane<2>, 4, 4, 2>::kernels();
+using Real = TrsmTiles<Lane<2>, 4, 4, 2>;
+extern const TrsmKernels kTrsmKernels = {Real::solves(), ComplexTrsmTiles<Lane<2>, 2, 2, 1, 2>::solves(), &Real::direct};
 
 }  // namespace orv::def

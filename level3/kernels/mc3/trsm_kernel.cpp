@@ -1,4 +1,5 @@
 // SSE4.2 kernels of the real triangular solve: 4 x 4 tiles of 128-bit registers.
+// The complex solve: the complex 2 x 2 tile, 2 unknowns a chunk.
 #include <immintrin.h>
 
 #include "level3/kernels/trsm_kernel.h"
@@ -8,7 +9,9 @@ namespace orv::mc3 {
 #include "level3/kernels/gemm_lanes.inc"
 #include "level3/kernels/trsm_direct.inc"
 #include "level3/kernels/trsm_solve.inc"
+#include "level3/kernels/trsm_complex.inc"
 
-extern const TrsmKernels kTrsmKernels = TrsmTiles<Lane<2>, 4, 4, 2>::kernels();
+using Real = TrsmTiles<Lane<2>, 4, 4, 2>;
+extern const TrsmKernels kTrsmKernels = {Real::solves(), ComplexTrsmTiles<Lane<2>, 2, 2, 2, 2>::solves(), &Real::direct};
 
 }  // namespace orv::mc3
