@@ -14,6 +14,6 @@ namespace orv::avx {
 #include "level3/kernels/trsm_complex.inc"
 
 using Real = TrsmTiles<Lane<4>, 8, 4, 1, 8, 8, 2, 4>;
-extern const TrsmKernels kTrsmKernels = {Real::solves(), ComplexTrsmTiles<Lane<4>, 4, 2, 1, 6>::solves(), &Real::direct};
+extern const TrsmKernels kTrsmKernels = {Real::solves(), ComplexTrsmTiles<Lane<4>, 4, 2, 2, 4, true>::solves(), &Real::direct};
 
 }  // namespace orv::avx

@@ -14,6 +14,6 @@ namespace orv::avx2 {
 #include "level3/kernels/trsm_complex.inc"
 
 using Real = TrsmTiles<Lane<4>, 12, 4, 1, 12, 8, 2, 6>;
-extern const TrsmKernels kTrsmKernels = {Real::solves(), ComplexTrsmTiles<Lane<4>, 4, 3, 1, 6>::solves(), &Real::direct};
+extern const TrsmKernels kTrsmKernels = {Real::solves(), ComplexTrsmTiles<Lane<4>, 4, 3, 3, 4, true>::solves(), &Real::direct};
 
 }  // namespace orv::avx2

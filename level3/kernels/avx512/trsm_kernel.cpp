@@ -14,6 +14,6 @@ namespace orv::avx512 {
 #include "level3/kernels/trsm_complex.inc"
 
 using Real = TrsmTiles<Lane<8>, 24, 8, 1, 12, 16, 2, 12>;
-extern const TrsmKernels kTrsmKernels = {Real::solves(), ComplexTrsmTiles<Lane<8>, 12, 4, 1, 12>::solves(), &Real::direct};
+extern const TrsmKernels kTrsmKernels = {Real::solves(), ComplexTrsmTiles<Lane<8>, 12, 4, 1, 12, false>::solves(), &Real::direct};
 
 }  // namespace orv::avx512

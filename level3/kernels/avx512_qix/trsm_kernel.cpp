@@ -13,6 +13,6 @@ namespace orv::avx512_qix {
 #include "level3/kernels/trsm_complex.inc"
 
 using Real = TrsmTiles<Lane<8>, 8, 28, 3>;
-extern const TrsmKernels kTrsmKernels = {Real::solves(), ComplexTrsmTiles<Lane<8>, 4, 14, 3, 4>::solves(), &Real::direct};
+extern const TrsmKernels kTrsmKernels = {Real::solves(), ComplexTrsmTiles<Lane<8>, 4, 14, 3, 4, false>::solves(), &Real::direct};
 
 }  // namespace orv::avx512_qix

@@ -14,6 +14,6 @@ namespace orv::def {
 #include "level3/kernels/trsm_complex.inc"
 
 using Real = TrsmTiles<Lane<2>, 4, 4, 2>;
-extern const TrsmKernels kTrsmKernels = {Real::solves(), ComplexTrsmTiles<Lane<2>, 2, 2, 1, 2>::solves(), &Real::direct};
+extern const TrsmKernels kTrsmKernels = {Real::solves(), ComplexTrsmTiles<Lane<2>, 2, 2, 2, 2, true>::solves(), &Real::direct};
 
 }  // namespace orv::def

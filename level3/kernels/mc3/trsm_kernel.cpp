@@ -12,6 +12,6 @@ namespace orv::mc3 {
 #include "level3/kernels/trsm_complex.inc"
 
 using Real = TrsmTiles<Lane<2>, 4, 4, 2>;
-extern const TrsmKernels kTrsmKernels = {Real::solves(), ComplexTrsmTiles<Lane<2>, 2, 2, 2, 2>::solves(), &Real::direct};
+extern const TrsmKernels kTrsmKernels = {Real::solves(), ComplexTrsmTiles<Lane<2>, 2, 2, 2, 2, true>::solves(), &Real::direct};
 
 }  // namespace orv::mc3
