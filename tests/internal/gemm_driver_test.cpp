@@ -892,7 +892,10 @@ struct Solve {
         if constexpr (std::is_same_v<T, double>) return re;
         else return T{re, im};
     }
-    void run(TrsmMember<T> member) { member(&side, &uplo, &transa, &diag, &m, &n, &alpha, a.data(), &lda, b.data(), &ldb); }
+    void run(TrsmMember<T> member)
+    {
+        member(&side, &uplo, &transa, &diag, &m, &n, &alpha, a.data(), &lda, b.data(), &ldb);
+    }
     // The solve of the plain loops (the complex ones divide), or of the
     // path's direct kernel, on a copy of B.
     std::vector<T> plain(const SolverEntry& solver) const
