@@ -235,6 +235,14 @@ TEST(GemmBlocks, SizesFollowTheShapeAndTheTile)
         EXPECT_EQ(plan.a.panel_stride, t.mr * t.kc);
         EXPECT_EQ(plan.b.panel_stride, t.nr * t.kc);
     }
+    {
+        // Complex elements: a slice of B as many bytes wide as a real one.
+        orv::KernelParams complex = params_for(4, 3);
+        complex.elem_bytes = 16;
+        orv::BlockPlan plan;
+        orv::standard_block_sizes(100, 1000, 1000, &complex, &plan);
+        EXPECT_EQ(plan.nc, 96);
+    }
     orv::KernelParams params = params_for(4, 4);
     params.b_copies = 2;  // a tile that reads B values in pairs gets a B block twice as wide
     orv::BlockPlan plan;
