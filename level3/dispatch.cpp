@@ -10,7 +10,7 @@ namespace orv {
 namespace {
 
 // The members of a build: the products and solves on its path's frame, the
-// real solve with the path's solve kernels.
+// solves with the path's solve kernels.
 template <const GemmPath& Path, const TrsmKernels& Solve>
 constexpr Level3Kernels on_path()
 {
@@ -29,7 +29,7 @@ constexpr Level3Kernels on_path()
         .dtrmm = trmm_member<Path, double>,
         .ztrmm = trmm_member<Path, dcomplex>,
         .dtrsm = dtrsm_member<Path, Solve>,
-        .ztrsm = trsm_member<Path, dcomplex>,
+        .ztrsm = ztrsm_member<Path, Solve>,
     };
 }
 

@@ -89,7 +89,9 @@ void standard_block_sizes(i64 m, i64 n, i64 k, const KernelParams* params, Block
 {
     const i64 mr = params->mr, nr = params->nr;
     const i64 mc = round_up(min_of(max_of(m, mr), 5000), mr);
-    const i64 nc = round_up(min_of(max_of(n, nr), k < 48 ? 24 : 192), nr);
+    // A slice of B of the same bytes for every element: 192 doubles wide.
+    const i64 widest = 192 * 8 / params->elem_bytes;
+    const i64 nc = round_up(min_of(max_of(n, nr), k < 48 ? 24 : widest), nr);
     lay_out(mc, nc, standard_depths(k, params->ku), params, plan);
 }
 

@@ -50,7 +50,7 @@ struct BlockRule {
 //       remainder of up to a quarter block joins the last block;
 //   mc: all rows, at least one tile and at most 5000, in whole tiles;
 //   nc: all columns, at least one tile, at most 24 for k below 48 and at
-//       most 192 otherwise, in whole tiles.
+//       most 192 otherwise (96 complex elements), in whole tiles.
 // The sizes also lay out the packed views and the buffer routines.
 void standard_block_sizes(i64 m, i64 n, i64 k, const KernelParams* params, BlockPlan* plan);
 extern const BlockRule kStandardBlocks;

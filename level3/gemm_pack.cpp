@@ -214,51 +214,92 @@ void pack_panels(i64 count, i64 full, i64 ld, i64 depth, double factor, int copi
 
 // ---- Complex gathers -------------------------------------------------------
 //
-// A complex panel of w elements per step: dst holds, step after step, the w
-// elements' two parts (each written Copies times), every element factor *
-// x(l, r) with x conjugated when Conj is set. The element of step l, line r
-// lies at src[l * step + r * line]. A factor of exactly one is not
+// Every element goes in as factor * x, with x conjugated when Conj is set,
+// its two parts each written Copies times. A factor of exactly one is not
 // multiplied in: (1, 0) times an infinite part would make a NaN of the other.
 template <bool Conj, int Copies>
-void gather_complex(const dcomplex* src, i64 step, i64 line, i64 w, i64 depth, dcomplex factor, double* dst)
-{
-    const bool scale = !is_one(factor);
+struct ComplexPut {
+    bool scale;
     // factor * x as (fr xr + (-fi) xi, fr xi + fi xr): the parts of the
     // textbook product, with the same roundings.
-    const __m128d fr = _mm_set1_pd(factor.re), fi = _mm_set_pd(factor.im, -factor.im);
-    const __m128d flip_imaginary = _mm_set_pd(-0.0, 0.0);
+    __m128d fr, fi;
+    explicit ComplexPut(dcomplex factor)
+        : scale(!is_one(factor)), fr(_mm_set1_pd(factor.re)), fi(_mm_set_pd(factor.im, -factor.im))
+    {
+    }
+    void operator()(const dcomplex* s, double* d) const
+    {
+        __m128d x = _mm_loadu_pd(&s->re);
+        if constexpr (Conj) x = _mm_xor_pd(x, _mm_set_pd(-0.0, 0.0));
+        if (scale) x = _mm_add_pd(_mm_mul_pd(fr, x), _mm_mul_pd(fi, _mm_shuffle_pd(x, x, 1)));
+        if constexpr (Copies == 1) {
+            _mm_storeu_pd(d, x);
+        } else {
+            _mm_storeu_pd(d, _mm_unpacklo_pd(x, x));
+            _mm_storeu_pd(d + 2, _mm_unpackhi_pd(x, x));
+        }
+    }
+};
+
+// A panel of w elements per step whose lines run along the depth: dst holds,
+// step after step, the w elements; the element of step l, line r lies at
+// src[l + r * line].
+template <bool Conj, int Copies>
+void gather_complex_lines(const dcomplex* src, i64 line, i64 w, i64 depth, dcomplex factor, double* dst)
+{
+    const ComplexPut<Conj, Copies> put(factor);
+    for (i64 l = 0; l < depth; ++l)
+        for (i64 r = 0; r < w; ++r) put(src + l + r * line, dst + (l * w + r) * 2 * Copies);
+}
+
+// Panels of w elements per step whose elements of a step are adjacent in the
+// source (element of step l, line r at src[l * step + r]), `panels` of them
+// walked together, step after step, so that the source is read along its
+// contiguous runs (as gather_adjacent does).
+template <bool Conj, int Copies>
+void gather_complex_adjacent(const dcomplex* src, i64 step, i64 w, i64 panels, i64 depth, dcomplex factor,
+                             double* dst)
+{
+    const ComplexPut<Conj, Copies> put(factor);
+    const i64 stride = w * depth * 2 * Copies;
     for (i64 l = 0; l < depth; ++l) {
+        prefetch_step(&src->re, 2 * step, 2 * w * panels, depth, l + kAheadSteps);
         const dcomplex* s = src + l * step;
         double* d = dst + l * w * 2 * Copies;
-        for (i64 r = 0; r < w; ++r) {
-            __m128d x = _mm_loadu_pd(&s[r * line].re);
-            if constexpr (Conj) x = _mm_xor_pd(x, flip_imaginary);
-            if (scale) x = _mm_add_pd(_mm_mul_pd(fr, x), _mm_mul_pd(fi, _mm_shuffle_pd(x, x, 1)));
-            if constexpr (Copies == 1) {
-                _mm_storeu_pd(d + 2 * r, x);
-            } else {
-                _mm_storeu_pd(d + 4 * r, _mm_unpacklo_pd(x, x));
-                _mm_storeu_pd(d + 4 * r + 2, _mm_unpackhi_pd(x, x));
-            }
-        }
+        for (i64 p = 0; p < panels; ++p)
+            for (i64 r = 0; r < w; ++r) put(s + p * w + r, d + p * stride + r * 2 * Copies);
     }
 }
 
-template <int Copies>
-void pack_complex_panels(const MatrixDesc<dcomplex>& x, bool step_adjacent, i64 count, i64 full, i64 depth,
-                         dcomplex factor, double* dst, const dcomplex* first, i64 line_stride)
+template <bool Conj, int Copies>
+void pack_complex_panels(bool step_adjacent, i64 count, i64 full, i64 ld, i64 depth, dcomplex factor, double* dst,
+                         const dcomplex* first)
 {
-    const bool conjugate = (x.kind & kStoredConjugated) != 0;
-    const i64 step = step_adjacent ? x.ld : 1;
-    const i64 line = step_adjacent ? 1 : x.ld;
-    for (i64 r = 0; r < count;) {
+    const i64 whole = step_adjacent ? count / full : 0;
+    for (i64 p = 0; p < whole; p += kPanelsTogether) {
+        const i64 panels = whole - p < kPanelsTogether ? whole - p : kPanelsTogether;
+        gather_complex_adjacent<Conj, Copies>(first + p * full, ld, full, panels, depth, factor,
+                                              dst + p * full * depth * 2 * Copies);
+    }
+    for (i64 r = whole * full; r < count;) {
         const i64 w = next_panel_width(count - r, full);
-        const dcomplex* src = first + r * line_stride;
         double* d = dst + r * depth * 2 * Copies;
-        if (conjugate) gather_complex<true, Copies>(src, step, line, w, depth, factor, d);
-        else gather_complex<false, Copies>(src, step, line, w, depth, factor, d);
+        if (step_adjacent) gather_complex_adjacent<Conj, Copies>(first + r, ld, w, 1, depth, factor, d);
+        else gather_complex_lines<Conj, Copies>(first + r * ld, ld, w, depth, factor, d);
         r += w;
     }
+}
+
+// The panels of a block of `count` lines of x from `first` on: its elements
+// of a step side by side (step_adjacent) or each line along the depth.
+template <int Copies>
+void pack_complex_panels(const MatrixDesc<dcomplex>& x, bool step_adjacent, i64 count, i64 full, i64 depth,
+                         dcomplex factor, double* dst, const dcomplex* first)
+{
+    if ((x.kind & kStoredConjugated) != 0)
+        pack_complex_panels<true, Copies>(step_adjacent, count, full, x.ld, depth, factor, dst, first);
+    else
+        pack_complex_panels<false, Copies>(step_adjacent, count, full, x.ld, depth, factor, dst, first);
 }
 
 // ---- General operands ------------------------------------------------------
@@ -279,7 +320,7 @@ void pack_general_a(const MatrixDesc<dcomplex>& a, i64 i0, i64 rows, i64 l0, i64
     // op(A) as is holds a step's rows side by side; transposed, each row runs along the depth.
     const bool as_is = !reads_transposed(a);
     pack_complex_panels<Copies>(a, as_is, rows, mr, depth, alpha, reinterpret_cast<double*>(dst),
-                                a.elem_addr(i0, l0, &a), as_is ? 1 : a.ld);
+                                a.elem_addr(i0, l0, &a));
 }
 
 template <int Copies>
@@ -298,7 +339,7 @@ void pack_general_b(const MatrixDesc<dcomplex>& b, i64 l0, i64 depth, i64 j0, i6
     // op(B) transposed holds a step's columns side by side; as is, each column runs along the depth.
     const bool transposed = reads_transposed(b);
     pack_complex_panels<Copies>(b, transposed, cols, nr, depth, factor, reinterpret_cast<double*>(dst),
-                                b.elem_addr(l0, j0, &b), transposed ? 1 : b.ld);
+                                b.elem_addr(l0, j0, &b));
 }
 
 // ---- Shaped operands -------------------------------------------------------

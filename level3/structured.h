@@ -39,16 +39,6 @@ void structured_trmm(const GemmPath& path, const char* side, const char* uplo, c
                      const char* diag, const i64* m, const i64* n, const T* alpha, const T* a, const i64* lda, T* b,
                      const i64* ldb);
 
-// Solves op(A) X = alpha B (side L) or X op(A) = alpha B (side R), A
-// triangular, X over B, for complex elements (the real solve has kernels of
-// its own: trsm_driver.h): halves of the triangle solved in turn, each solved
-// half removed from the other by a product on the frame; short orders by
-// substitution.
-template <class T>
-void structured_trsm(const GemmPath& path, const char* side, const char* uplo, const char* transa,
-                     const char* diag, const i64* m, const i64* n, const T* alpha, const T* a, const i64* lda, T* b,
-                     const i64* ldb);
-
 // The members of the build that `Path` describes.
 template <const GemmPath& Path, class T, bool Herm>
 void symm_member(const char* side, const char* uplo, const i64* m, const i64* n, const T* alpha, const T* a,
@@ -67,12 +57,6 @@ void syr2k_member(const char* uplo, const char* trans, const i64* n, const i64* 
                   const i64* lda, const T* b, const i64* ldb, const S* beta, T* c, const i64* ldc)
 {
     structured_syr2k<T, Herm, S>(Path, uplo, trans, n, k, alpha, a, lda, b, ldb, beta, c, ldc);
-}
-template <const GemmPath& Path, class T>
-void trsm_member(const char* side, const char* uplo, const char* transa, const char* diag, const i64* m,
-                 const i64* n, const T* alpha, const T* a, const i64* lda, T* b, const i64* ldb)
-{
-    structured_trsm<T>(Path, side, uplo, transa, diag, m, n, alpha, a, lda, b, ldb);
 }
 template <const GemmPath& Path, class T>
 void trmm_member(const char* side, const char* uplo, const char* transa, const char* diag, const i64* m,

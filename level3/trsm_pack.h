@@ -11,8 +11,8 @@ namespace orv {
 // triangular and only that triangle is read. Chunks of `chunk` unknowns and
 // then the binary digits of the remainder; each value written `copies` times
 // in a row. Off the diagonal -M goes in, on it 1 / M(l, l), or 1 for a unit
-// diagonal, which is not read.
-template <typename T, bool Unit>
+// diagonal, which is not read; Conj takes the conjugate of every value of M.
+template <typename T, bool Unit, bool Conj>
 void pack_triangle(const T* a, i64 lda, bool swap, bool upper, i64 kb, i64 chunk, i64 copies, T* dst);
 
 template <typename T>

@@ -17,6 +17,11 @@
 // 1 / M(j, j) on it (1 for a unit diagonal). A kernel writes each solved
 // value back into the packed block, where the GEMM updates that follow read
 // it, and into B.
+//
+// The complex kernels take the panels as the complex GEMM tile packs them
+// (each element as its two parts, real first, each part kBCopies times in
+// packed B) and a packed triangle of complex values held once; b points to
+// B's element and ldb counts elements.
 #pragma once
 
 #include "service/types.h"
@@ -33,14 +38,20 @@ using TrsmBlockSolve = void (*)(i64 extent, i64 kb, double* packed, const double
 using TrsmDirect = void (*)(bool left, bool upper, bool trans, bool unit, i64 m, i64 n, const double* a, i64 lda,
                             double* b, i64 ldb);
 
-struct TrsmKernels {
+// The diagonal-block kernels of one element type.
+struct TrsmSolves {
     i64 left_chunk;   // chunk width of the packed triangle on side L
     i64 right_chunk;  // and on side R
     TrsmBlockSolve left_forward;   // side L, op(A) lower
     TrsmBlockSolve left_backward;  // side L, op(A) upper
     TrsmBlockSolve right_forward;  // side R, op(A) upper
     TrsmBlockSolve right_backward; // side R, op(A) lower
-    TrsmDirect direct;
+};
+
+struct TrsmKernels {
+    TrsmSolves real;
+    TrsmSolves complex;
+    TrsmDirect direct;  // real only
 };
 
 namespace avx512 {

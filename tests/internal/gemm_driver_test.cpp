@@ -1,8 +1,8 @@
 // The single-thread real product: block sizes, the tile chooser, the road
 // each code path takes, the packed layouts, the blocked driver over every
 // tile this processor can run, and the unpacked fall-back when no buffer can
-// be had. Then the triangular solve built on the same pieces: its roads and
-// its fall-back.
+// be had. Then the triangular solve built on the same pieces, real and
+// complex: its roads, its blocked drivers and its fall-back.
 //
 // Inputs are coarse values (12 significant bits), so every sum here is exact
 // whatever its order: results are compared bit for bit.
@@ -23,6 +23,7 @@
 #include "level3/gemm_driver.h"
 #include "level3/gemm_pack.h"
 #include "level3/gemm_route.h"
+#include "level3/level3.h"
 #include "level3/trsm_driver.h"
 #include "orv_test.h"
 
@@ -233,6 +234,14 @@ TEST(GemmBlocks, SizesFollowTheShapeAndTheTile)
         EXPECT_EQ(plan.kc, t.kc) << t.mr << "x" << t.nr << " m=" << t.m << " n=" << t.n << " k=" << t.k;
         EXPECT_EQ(plan.a.panel_stride, t.mr * t.kc);
         EXPECT_EQ(plan.b.panel_stride, t.nr * t.kc);
+    }
+    {
+        // Complex elements: a slice of B as many bytes wide as a real one.
+        orv::KernelParams complex = params_for(4, 3);
+        complex.elem_bytes = 16;
+        orv::BlockPlan plan;
+        orv::standard_block_sizes(100, 1000, 1000, &complex, &plan);
+        EXPECT_EQ(plan.nc, 96);
     }
     orv::KernelParams params = params_for(4, 4);
     params.b_copies = 2;  // a tile that reads B values in pairs gets a B block twice as wide
@@ -824,42 +833,52 @@ TEST(GemmDriver, ShapedRoutinesWithoutABuffer)
             {"ztrmm L U C N", [](const GemmPath& p, const Z* a, const Z*, Z* c) {
                  orv::structured_trmm<Z>(p, "L", "U", "C", "N", &kM, &kN, &zalpha, a, &kLd, c, &kLd);
              }},
-            {"ztrsm R L T U", [](const GemmPath& p, const Z* a, const Z*, Z* c) {
-                 orv::structured_trsm<Z>(p, "R", "L", "T", "U", &kM, &kN, &zalpha, a, &kLd, c, &kLd);
-             }},
         },
         6);
 }
 
 // ---- The triangular solve ----------------------------------------------------
 
-using TrsmMember = void (*)(const char*, const char*, const char*, const char*, const i64*, const i64*,
-                            const double*, const double*, const i64*, double*, const i64*);
-const struct {
+template <class T>
+using TrsmMember = void (*)(const char*, const char*, const char*, const char*, const i64*, const i64*, const T*,
+                            const T*, const i64*, T*, const i64*);
+struct SolverEntry {
     const GemmPath* path;
-    TrsmMember member;
+    TrsmMember<double> real;
+    TrsmMember<orv::dcomplex> complex;
     const orv::TrsmKernels* kernels;
-} kSolvers[] = {
-    {&orv::kGemmPathAvx512, orv::dtrsm_member<orv::kGemmPathAvx512, orv::avx512::kTrsmKernels>,
-     &orv::avx512::kTrsmKernels},
-    {&orv::kGemmPathAvx512Qix, orv::dtrsm_member<orv::kGemmPathAvx512Qix, orv::avx512_qix::kTrsmKernels>,
-     &orv::avx512_qix::kTrsmKernels},
-    {&orv::kGemmPathAvx2, orv::dtrsm_member<orv::kGemmPathAvx2, orv::avx2::kTrsmKernels>, &orv::avx2::kTrsmKernels},
-    {&orv::kGemmPathAvx, orv::dtrsm_member<orv::kGemmPathAvx, orv::avx::kTrsmKernels>, &orv::avx::kTrsmKernels},
-    {&orv::kGemmPathMc3, orv::dtrsm_member<orv::kGemmPathMc3, orv::mc3::kTrsmKernels>, &orv::mc3::kTrsmKernels},
-    {&orv::kGemmPathMc, orv::dtrsm_member<orv::kGemmPathMc, orv::mc::kTrsmKernels>, &orv::mc::kTrsmKernels},
-    {&orv::kGemmPathDef, orv::dtrsm_member<orv::kGemmPathDef, orv::def::kTrsmKernels>, &orv::def::kTrsmKernels},
+    template <class T>
+    TrsmMember<T> member() const
+    {
+        if constexpr (std::is_same_v<T, double>) return real;
+        else return complex;
+    }
+};
+template <const GemmPath& Path, const orv::TrsmKernels& Kernels>
+SolverEntry solver()
+{
+    return {&Path, orv::dtrsm_member<Path, Kernels>, orv::ztrsm_member<Path, Kernels>, &Kernels};
+}
+const SolverEntry kSolvers[] = {
+    solver<orv::kGemmPathAvx512, orv::avx512::kTrsmKernels>(),
+    solver<orv::kGemmPathAvx512Qix, orv::avx512_qix::kTrsmKernels>(),
+    solver<orv::kGemmPathAvx2, orv::avx2::kTrsmKernels>(),
+    solver<orv::kGemmPathAvx, orv::avx::kTrsmKernels>(),
+    solver<orv::kGemmPathMc3, orv::mc3::kTrsmKernels>(),
+    solver<orv::kGemmPathMc, orv::mc::kTrsmKernels>(),
+    solver<orv::kGemmPathDef, orv::def::kTrsmKernels>(),
 };
 
 // A solve of order `order` with a well-conditioned triangle (the other one
 // NaN, never read) and B with a spare row around it.
+template <class T>
 struct Solve {
     char side, uplo, transa, diag;
     i64 m, n, lda, ldb;
-    double alpha;
-    std::vector<double> a, b;
+    T alpha;
+    std::vector<T> a, b;
     Solve(char side_, char uplo_, char transa_, char diag_, i64 order, i64 other, double alpha_)
-        : side(side_), uplo(uplo_), transa(transa_), diag(diag_), alpha(alpha_)
+        : side(side_), uplo(uplo_), transa(transa_), diag(diag_), alpha(element(alpha_, 0))
     {
         Rng rng(std::uint64_t(order * 7 + other));
         const bool left = side == 'L';
@@ -867,17 +886,37 @@ struct Solve {
         n = left ? other : order;
         lda = order + 2;
         ldb = m + 1;
-        a.assign(std::size_t(lda * order), NAN);
+        a.assign(std::size_t(lda * order), element(NAN, NAN));
         for (i64 j = 0; j < order; ++j)
             for (i64 i = 0; i < order; ++i)
                 if (uplo == 'U' ? i <= j : i >= j)
-                    a[std::size_t(i + j * lda)] = i == j ? 4 + rng.coarse() : rng.coarse();
+                    a[std::size_t(i + j * lda)] =
+                        element(i == j ? 4 + rng.coarse() : rng.coarse(), i == j ? 1 + rng.coarse() : rng.coarse());
         b.resize(std::size_t(ldb * n));
-        for (double& x : b) x = rng.coarse();
+        for (T& x : b) x = element(rng.coarse(), rng.coarse());
     }
-    void run(TrsmMember member)
+    static T element(double re, double im)
+    {
+        if constexpr (std::is_same_v<T, double>) return re;
+        else return T{re, im};
+    }
+    void run(TrsmMember<T> member)
     {
         member(&side, &uplo, &transa, &diag, &m, &n, &alpha, a.data(), &lda, b.data(), &ldb);
+    }
+    // The solve of the plain loops (the complex ones divide), or of the
+    // path's direct kernel, on a copy of B.
+    std::vector<T> plain(const SolverEntry& solver) const
+    {
+        std::vector<T> x = b;
+        if constexpr (std::is_same_v<T, double>) {
+            solver.kernels->direct(side == 'L', uplo == 'U', transa != 'N', diag == 'U', m, n, a.data(), lda,
+                                   x.data(), ldb);
+        } else {
+            const T one{1.0, 0.0};
+            orv::plain::ztrsm(&side, &uplo, &transa, &diag, &m, &n, &one, a.data(), &lda, x.data(), &ldb);
+        }
+        return x;
     }
     std::string describe() const
     {
@@ -885,39 +924,58 @@ struct Solve {
     }
 };
 
-// The direct kernel up to order 12 and at multiples of 4 up to 88, the
-// blocked road elsewhere; without a buffer the blocked road gives the direct
-// kernel's bits; alpha 0 clears B without reading A.
+double distance(double x, double y) { return std::fabs(x - y); }
+double distance(orv::dcomplex x, orv::dcomplex y) { return std::fabs(x.re - y.re) + std::fabs(x.im - y.im); }
+double size_of(double x) { return std::fabs(x); }
+double size_of(orv::dcomplex x) { return std::fabs(x.re) + std::fabs(x.im); }
+template <class T>
+bool identical(T x, T y)
+{
+    return std::memcmp(&x, &y, sizeof x) == 0;
+}
+
+// Without a buffer the blocked road gives the bits of the plain solve (the
+// real solve's direct kernel, the complex loops).
+template <class T>
+void check_solve_without_buffer(const SolverEntry& solver)
+{
+    for (const char side : {'L', 'R'})
+        for (const char uplo : {'U', 'L'}) {
+            Solve<T> s(side, uplo, 'N', 'N', 90, 7, 1.0);
+            const std::vector<T> want = s.plain(solver);
+            Observe observe(true);
+            s.run(solver.member<T>());
+            EXPECT_EQ(last_road(), GemmEvent::fallback) << solver.path->name << " " << s.describe();
+            for (std::size_t i = 0; i < want.size(); ++i)
+                ASSERT_TRUE(identical(s.b[i], want[i])) << solver.path->name << " " << s.describe() << " element " << i;
+        }
+}
+
+// The real solve takes the direct kernel up to order 12 and at multiples of
+// 4 up to 88, the complex one the blocked road at every order; alpha 0
+// clears B without reading A.
 TEST(TrsmRoad, OrderPicksTheRoadAndAMissingBufferFallsBack)
 {
     for (const auto& solver : kSolvers) {
         if (!processor_runs(*solver.path)) continue;
         for (const char side : {'L', 'R'})
-            for (const i64 order : {12, 13, 88, 89, 90}) {
-                Solve s(side, 'U', 'T', 'N', order, 9, 1.0);
+            for (const i64 order : {1, 12, 13, 88, 89, 90}) {
+                Solve<double> s(side, 'U', 'T', 'N', order, 9, 1.0);
                 Observe observe(false);
-                s.run(solver.member);
+                s.run(solver.real);
                 EXPECT_EQ(last_road(), orv::trsm_direct_order(order) ? GemmEvent::direct : GemmEvent::blocked)
                     << solver.path->name << " " << s.describe();
+                Solve<orv::dcomplex> z(side, 'U', 'C', 'N', order, 9, 1.0);
+                z.run(solver.complex);
+                EXPECT_EQ(last_road(), GemmEvent::blocked) << solver.path->name << " " << z.describe();
             }
-        for (const char side : {'L', 'R'})
-            for (const char uplo : {'U', 'L'}) {
-                Solve s(side, uplo, 'N', 'N', 90, 7, 1.0);
-                std::vector<double> want = s.b;
-                solver.kernels->direct(side == 'L', uplo == 'U', false, false, s.m, s.n, s.a.data(), s.lda,
-                                       want.data(), s.ldb);
-                Observe observe(true);
-                s.run(solver.member);
-                EXPECT_EQ(last_road(), GemmEvent::fallback) << solver.path->name << " " << s.describe();
-                for (std::size_t i = 0; i < want.size(); ++i)
-                    ASSERT_TRUE(orvtest::same_bits(s.b[i], want[i])) << solver.path->name << " " << s.describe()
-                                                                     << " element " << i;
-            }
-        Solve s('R', 'L', 'T', 'U', 90, 7, 0.0);
+        check_solve_without_buffer<double>(solver);
+        check_solve_without_buffer<orv::dcomplex>(solver);
+        Solve<double> s('R', 'L', 'T', 'U', 90, 7, 0.0);
         std::fill(s.a.begin(), s.a.end(), NAN);
         const std::vector<double> before = s.b;
         Observe observe(false);
-        s.run(solver.member);
+        s.run(solver.real);
         EXPECT_EQ(last_road(), GemmEvent::scaled) << solver.path->name;
         for (std::size_t i = 0; i < s.b.size(); ++i) {
             const bool in_b = i64(i) % s.ldb < s.m;  // the spare row keeps its value
@@ -927,43 +985,48 @@ TEST(TrsmRoad, OrderPicksTheRoadAndAMissingBufferFallsBack)
 }
 
 // The four blocked drivers with blocks of a few tiles, so that small solves
-// cross many diagonal blocks, row blocks and column slices; compared with
-// the direct kernel of the same path.
+// cross many diagonal blocks, row blocks and column slices, and every chunk
+// width of the diagonal-block kernels; compared with the plain solve.
+template <class T>
+void check_small_blocks(const SolverEntry& solver)
+{
+    const char transposes[] = {'N', 'T', std::is_same_v<T, double> ? 'T' : 'C'};
+    for (const char side : {'L', 'R'})
+        for (const char uplo : {'U', 'L'})
+            for (const char transa : transposes)
+                for (const char diag : {'N', 'U'}) {
+                    Solve<T> s(side, uplo, transa, diag, 61, 29, 1.0);
+                    const std::vector<T> want = s.plain(solver);
+                    const orv::TrsmCall<T> call = {side == 'L', uplo == 'U', transa != 'N', diag == 'U', &s.transa,
+                                                   s.m, s.n, s.a.data(), s.lda, s.b.data(), s.ldb};
+                    orv::TrsmPlan<T> plan;
+                    orv::plan_trsm(*solver.path, *solver.kernels, call, &plan);
+                    orv::BlockPlan blocks;
+                    orv::trsm_blocks(call, plan, &blocks);
+                    blocks.mc = 2 * plan.params.mr;
+                    blocks.nc = 2 * plan.params.nr;
+                    blocks.kc = 16;
+                    blocks.depth_capacity = 18;
+                    blocks.a.rows = blocks.mc + blocks.depth_capacity * plan.triangle_copies;
+                    blocks.a.cols = blocks.depth_capacity;
+                    blocks.b.rows = blocks.depth_capacity;
+                    blocks.b.cols = blocks.nc * plan.params.b_copies;
+                    orv::acquire_buffer(&blocks);
+                    ASSERT_NE(blocks.buffer, nullptr);
+                    plan.driver(call, plan, blocks);
+                    orv::release_buffer(&blocks);
+                    for (std::size_t i = 0; i < want.size(); ++i)
+                        ASSERT_LE(distance(s.b[i], want[i]), 1e-12 * (1 + size_of(want[i])))
+                            << solver.path->name << " " << s.describe() << " element " << i;
+                }
+}
+
 TEST(TrsmDriver, SmallBlocksGiveTheSolve)
 {
     for (const auto& solver : kSolvers) {
         if (!processor_runs(*solver.path)) continue;
-        for (const char side : {'L', 'R'})
-            for (const char uplo : {'U', 'L'})
-                for (const char transa : {'N', 'T'})
-                    for (const char diag : {'N', 'U'}) {
-                        Solve s(side, uplo, transa, diag, 61, 29, 1.0);
-                        std::vector<double> want = s.b;
-                        solver.kernels->direct(side == 'L', uplo == 'U', transa == 'T', diag == 'U', s.m, s.n,
-                                               s.a.data(), s.lda, want.data(), s.ldb);
-                        const orv::TrsmCall call = {side == 'L', uplo == 'U', transa == 'T', diag == 'U', &s.transa,
-                                                    s.m, s.n, s.a.data(), s.lda, s.b.data(), s.ldb};
-                        orv::TrsmPlan plan;
-                        orv::plan_trsm(*solver.path, *solver.kernels, call, &plan);
-                        orv::BlockPlan blocks;
-                        orv::trsm_blocks(call, plan, &blocks);
-                        const i64 copies = plan.params.b_copies;
-                        blocks.mc = 2 * plan.params.mr;
-                        blocks.nc = 2 * plan.params.nr;
-                        blocks.kc = 16;
-                        blocks.depth_capacity = 18;
-                        blocks.a.rows = blocks.mc + blocks.depth_capacity * copies;
-                        blocks.a.cols = blocks.depth_capacity;
-                        blocks.b.rows = blocks.depth_capacity;
-                        blocks.b.cols = blocks.nc * copies;
-                        orv::acquire_buffer(&blocks);
-                        ASSERT_NE(blocks.buffer, nullptr);
-                        plan.driver(call, plan, blocks);
-                        orv::release_buffer(&blocks);
-                        for (std::size_t i = 0; i < want.size(); ++i)
-                            ASSERT_NEAR(s.b[i], want[i], 1e-12 * (1 + std::fabs(want[i])))
-                                << solver.path->name << " " << s.describe() << " element " << i;
-                    }
+        check_small_blocks<double>(solver);
+        check_small_blocks<orv::dcomplex>(solver);
     }
 }
 

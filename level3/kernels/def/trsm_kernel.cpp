@@ -1,6 +1,8 @@
 // Baseline (SSE2) kernels of the real triangular solve: 4 x 4 tiles of 128-bit
 // registers; packed B and the packed triangle hold every value twice, as the
 // GEMM kernel of this path wants, and side L solves each column of B twice.
+// The complex solve: on side R the complex 2 x 2 tile, 2 unknowns a chunk;
+// on side L the two columns of a panel broadcast against chunks of 2.
 #include <immintrin.h>
 
 #include "level3/kernels/trsm_kernel.h"
@@ -10,7 +12,10 @@ namespace orv::def {
 #include "level3/kernels/gemm_lanes.inc"
 #include "level3/kernels/trsm_direct.inc"
 #include "level3/kernels/trsm_solve.inc"
+#include "level3/kernels/trsm_complex.inc"
 
-extern const TrsmKernels kTrsmKernels = TrsmTiles<Lane<2>, 4, 4, 2>::kernels();
+using Real = TrsmTiles<Lane<2>, 4, 4, 2>;
+using ComplexSolves = ComplexTrsmTiles<Lane<2>, 2, 2, 2, 2, true>;
+extern const TrsmKernels kTrsmKernels = {Real::solves(), ComplexSolves::solves(), &Real::direct};
 
 }  // namespace orv::def
