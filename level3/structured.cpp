@@ -1,7 +1,7 @@
 // The shaped level-3 routines on the blocked frame.
 #include "level3/structured.h"
 
-#include <cstdint>
+#include <emmintrin.h>
 
 #include "level3/gemm_driver.h"
 #include "level3/gemm_pack.h"
@@ -191,6 +191,42 @@ int symmetric_kind(const char* uplo, bool herm)
     return kStoredAsIs | (herm ? kHermitian : kSymmetric) | triangle_bits(option_letter(uplo) == 'U');
 }
 
+// ---- Small real products read in place ------------------------------------
+//
+// Where the real product of the same sizes reads its operands in place, a
+// shaped operand is written out whole as a general op(X) on the stack, and
+// the product runs as that general one. The values written are those the
+// packer gives, the general roads give an element the bits of the blocked
+// road, and a structural zero adds nothing to a sum that starts from +0: the
+// result does not depend on the road.
+
+// The largest order written out, and the most values of a copy of B.
+constexpr i64 kDenseOrder = 24;
+constexpr i64 kDenseValues = kDenseOrder * kDenseOrder;
+
+// The real product op(A) op(B) (letters ta, tb) of m x n over k reads its
+// operands in place on `path`.
+bool reads_in_place(const GemmPath& path, char ta, char tb, i64 m, i64 n, i64 k, double alpha, double beta)
+{
+    if (k > path.blocks->whole_depth) return false;
+    const GemmEvent road = choose_gemm_road(path, GemmShape{ta, tb, m, n, k, alpha, beta});
+    return road == GemmEvent::direct || road == GemmEvent::tiny || road == GemmEvent::thin;
+}
+
+// op(X) of the shaped view x (order x order) as a general column-major
+// matrix with leading dimension order: one packed panel of all its rows.
+void write_out(const MatrixDesc<double>& x, double* dense)
+{
+    pack_a<double>(&x, 0, x.rows, 0, x.rows, 1.0, x.rows, dense);
+}
+
+// C := C + scratch over the uplo triangle of the n x n C (scratch ld n).
+void add_triangle(bool upper, i64 n, const double* scratch, double* c, i64 ldc)
+{
+    for (i64 j = 0; j < n; ++j)
+        for (i64 i = upper ? 0 : j; i < (upper ? j + 1 : n); ++i) c[i + j * ldc] = c[i + j * ldc] + scratch[i + j * n];
+}
+
 }  // namespace
 
 template <class T, bool Herm>
@@ -205,7 +241,18 @@ void structured_symm(const GemmPath& path, const char* side, const char* uplo, c
         return;
     }
     const MatrixDesc<T> general = describe_operand(kStoredAsIs, b, *m, *n, *ldb);
-    if (option_letter(side) == 'L') {
+    const bool left = option_letter(side) == 'L';
+    const i64 order = left ? *m : *n;
+    if constexpr (!is_complex<T>) {
+        if (order <= kDenseOrder && reads_in_place(path, 'N', 'N', *m, *n, order, *alpha, *beta)) {
+            double dense[kDenseValues];
+            write_out(describe_operand(symmetric_kind(uplo, false), a, order, order, *lda), dense);
+            routed_dgemm(path, "N", "N", m, n, &order, alpha, left ? dense : b, left ? &order : ldb,
+                         left ? b : dense, left ? ldb : &order, beta, c, ldc);
+            return;
+        }
+    }
+    if (left) {
         const MatrixDesc<T> shaped = describe_operand(symmetric_kind(uplo, Herm), a, *m, *m, *lda);
         blocked_product<T>(path, *alpha, *beta, shaped, general, dc, run_block<T>);
     } else {
@@ -233,7 +280,20 @@ void update_triangle(const GemmPath& path, const char* uplo, const char* trans, 
     const int mirror = Herm ? kStoredConjugated : kStoredTransposed;
     const MatrixDesc<T> dc = describe_result(c, n, n, ldc);
     const BlockRoutine<T> block = triangle_routine<T, Herm>(!upper);
+    bool dense = false;
+    if constexpr (!is_complex<T>) dense = n <= kDenseOrder && reads_in_place(path, as_is ? 'N' : 'T', as_is ? 'T' : 'N', n, n, k, 1.0, 0.0);
     terms([&](T scalar, const T* x, i64 ldx, const T* y, i64 ldy) {
+        if constexpr (!is_complex<T>) {
+            if (dense) {
+                // The term into a scratch C, then its triangle added.
+                double scratch[kDenseValues];
+                const double zero = 0.0;
+                routed_dgemm(path, as_is ? "N" : "T", as_is ? "T" : "N", &n, &n, &k, &scalar, x, &ldx, y, &ldy,
+                             &zero, scratch, &n);
+                add_triangle(upper, n, scratch, c, ldc);
+                return;
+            }
+        }
         const MatrixDesc<T> left = describe_operand(as_is ? kStoredAsIs : mirror, x, n, k, ldx);
         const MatrixDesc<T> right = describe_operand(as_is ? mirror : kStoredAsIs, y, k, n, ldy);
         blocked_product<T>(path, scalar, one_of<T>(), left, right, dc, block);
@@ -262,6 +322,56 @@ void structured_syr2k(const GemmPath& path, const char* uplo, const char* trans,
     });
 }
 
+namespace {
+
+// to := alpha from over m x n (alpha 1: a plain copy; `to` may be `from`);
+// true when a value of the result is infinite or a NaN. Zero times such a
+// value is a NaN, times any other a zero.
+template <class T>
+bool scale_and_check(i64 m, i64 n, T alpha, const T* from, i64 ldf, T* to, i64 ldt)
+{
+    constexpr i64 kParts = is_complex<T> ? 2 : 1;
+    const bool scale = !is_one(alpha);
+    const i64 count = m * kParts;
+    const __m128d zero = _mm_setzero_pd();
+    __m128d bad = zero;
+    bool odd_bad = false;
+    for (i64 j = 0; j < n; ++j) {
+        const T* f = from + j * ldf;
+        T* t = to + j * ldt;
+        if (scale) {
+            for (i64 i = 0; i < m; ++i) t[i] = alpha * f[i];
+        } else if (t != f) {
+            for (i64 i = 0; i < m; ++i) t[i] = f[i];
+        }
+        const double* v = reinterpret_cast<const double*>(t);
+        i64 q = 0;
+        for (; q + 2 <= count; q += 2) {
+            const __m128d p = _mm_mul_pd(_mm_loadu_pd(v + q), zero);
+            bad = _mm_or_pd(bad, _mm_cmpunord_pd(p, p));
+        }
+        if (q < count) odd_bad |= !(v[q] * 0.0 == 0.0);
+    }
+    return odd_bad || _mm_movemask_pd(bad) != 0;
+}
+
+// The triangular product over B without a work buffer: the element-wise
+// loops (alpha already multiplied into B).
+template <class T>
+void trmm_in_place_fallback(const GemmOp<T>& op, const MatrixDesc<T>& a, const MatrixDesc<T>& b,
+                            const MatrixDesc<T>& c, const GemmPlan<T>&)
+{
+    const bool left = !is_general(a);
+    const MatrixDesc<T>& t = left ? a : b;
+    const char side = left ? 'L' : 'R', uplo = (t.kind & kUpperStored) ? 'U' : 'L';
+    const char transa = view_letter(t.kind), diag = (t.kind & kUnitDiagonal) ? 'U' : 'N';
+    if constexpr (is_complex<T>)
+        cnr::ztrmm(&side, &uplo, &transa, &diag, &c.rows, &c.cols, &op.alpha, t.base, &t.ld, c.base, &c.ld);
+    else cnr::dtrmm(&side, &uplo, &transa, &diag, &c.rows, &c.cols, &op.alpha, t.base, &t.ld, c.base, &c.ld);
+}
+
+}  // namespace
+
 template <class T>
 void structured_trmm(const GemmPath& path, const char* side, const char* uplo, const char* transa,
                      const char* diag, const i64* m, const i64* n, const T* alpha, const T* a, const i64* lda, T* b,
@@ -273,48 +383,53 @@ void structured_trmm(const GemmPath& path, const char* side, const char* uplo, c
         scale_c(*m, *n, T{}, b, *ldb);
         return;
     }
-    // B is read whole before it is overwritten: the product reads a copy of
-    // alpha B (alpha applied to B first, as the element-wise loops do). The
-    // packed triangle holds zeros where op(A) has none, and zero times an
-    // infinity or a NaN of alpha B is a NaN the product must not have: such a
-    // B takes the element-wise loops, which never touch the zero triangle.
-    const i64 m_ = *m, n_ = *n;
-    T* copy = static_cast<T*>(orv_malloc(static_cast<std::size_t>(m_ * n_) * sizeof(T), 64));
-    const bool refused = alloc_failed(copy, is_complex<T> ? "ZTRMM" : "DTRMM");
-    const bool scale = !is_one(*alpha);
-    for (i64 j = 0; j < n_ && !refused; ++j) {
-        const T* from = b + j * *ldb;
-        T* to = copy + j * m_;
-        for (i64 i = 0; i < m_; ++i) to[i] = scale ? *alpha * from[i] : from[i];
-    }
-    // A value is infinite or a NaN when all its exponent bits are set.
-    constexpr std::uint64_t kExponent = 0x7ff0000000000000;
-    std::uint64_t non_finite = 0;
-    const std::uint64_t* bits = reinterpret_cast<const std::uint64_t*>(copy);
-    for (i64 v = 0; v < (refused ? 0 : m_ * n_ * (is_complex<T> ? 2 : 1)); ++v)
-        non_finite |= (bits[v] & kExponent) == kExponent;
-    if (refused || non_finite != 0) {
+    const bool upper = option_letter(uplo) == 'U', left = option_letter(side) == 'L';
+    const i64 m_ = *m, n_ = *n, order = left ? m_ : n_;
+    // One k-block deep, the product packs every value of B before it writes
+    // its place, and runs over B itself; deeper, it reads a copy.
+    const bool in_place = order <= path.blocks->whole_depth;
+    T* copy = nullptr;
+    if (!in_place) copy = static_cast<T*>(orv_malloc(static_cast<std::size_t>(m_ * n_) * sizeof(T), 64));
+    const bool refused = !in_place && alloc_failed(copy, is_complex<T> ? "ZTRMM" : "DTRMM");
+    // Alpha multiplies B first, as in the element-wise loops. The packed
+    // triangle holds zeros where op(A) has none, and zero times an infinity
+    // or a NaN of alpha B is a NaN the product must not have: such a B takes
+    // the element-wise loops, which never touch the zero triangle.
+    if (refused || scale_and_check(m_, n_, *alpha, b, *ldb, in_place ? b : copy, in_place ? *ldb : m_)) {
         orv_free(copy);
-        if constexpr (is_complex<T>) cnr::ztrmm(side, uplo, transa, diag, m, n, alpha, a, lda, b, ldb);
-        else cnr::dtrmm(side, uplo, transa, diag, m, n, alpha, a, lda, b, ldb);
+        const T factor = in_place ? one_of<T>() : *alpha;
+        if constexpr (is_complex<T>) cnr::ztrmm(side, uplo, transa, diag, m, n, &factor, a, lda, b, ldb);
+        else cnr::dtrmm(side, uplo, transa, diag, m, n, &factor, a, lda, b, ldb);
         return;
     }
-    const MatrixDesc<T> general = describe_operand(kStoredAsIs, copy, m_, n_, m_);
-    const bool upper = option_letter(uplo) == 'U', left = option_letter(side) == 'L';
+    const MatrixDesc<T> general = in_place ? db : describe_operand(kStoredAsIs, copy, m_, n_, m_);
     const int kind = storage_kind(transa) | triangle_bits(upper) |
                      (option_letter(diag) == 'U' ? kUnitDiagonal : kNonUnitDiagonal);
     // op(A) is upper triangular when A is upper and not transposed, or lower and transposed.
     const bool op_upper = upper == (option_letter(transa) == 'N');
-    const i64 order = left ? m_ : n_;
     const MatrixDesc<T> shaped = describe_operand(kind, a, order, order, *lda);
-    if (left) {
-        blocked_product<T>(path, one_of<T>(), T{}, shaped, general, db,
-                           op_upper ? triangular_block<T, true, true> : triangular_block<T, true, false>);
-    } else {
-        blocked_product<T>(path, one_of<T>(), T{}, general, shaped, db,
-                           op_upper ? triangular_block<T, false, true> : triangular_block<T, false, false>);
+    if constexpr (!is_complex<T>) {
+        if (order <= kDenseOrder && m_ * n_ <= kDenseValues && reads_in_place(path, 'N', 'N', m_, n_, order, 1.0, 0.0)) {
+            double dense[kDenseValues], copy_b[kDenseValues];
+            write_out(shaped, dense);
+            for (i64 j = 0; j < n_; ++j)
+                for (i64 i = 0; i < m_; ++i) copy_b[i + j * m_] = b[i + j * *ldb];
+            const double one = 1.0, zero = 0.0;
+            routed_dgemm(path, "N", "N", m, n, &order, &one, left ? dense : copy_b, left ? &order : m,
+                         left ? copy_b : dense, left ? m : &order, &zero, b, ldb);
+            return;
+        }
     }
-    orv_free(copy);
+    const MatrixDesc<T>& left_operand = left ? shaped : general;
+    const MatrixDesc<T>& right_operand = left ? general : shaped;
+    const BlockRoutine<T> block = left ? (op_upper ? triangular_block<T, true, true> : triangular_block<T, true, false>)
+                                       : (op_upper ? triangular_block<T, false, true> : triangular_block<T, false, false>);
+    if (in_place) {
+        product_over_operand<T>(path, left_operand, right_operand, db, block, trmm_in_place_fallback<T>);
+    } else {
+        blocked_product<T>(path, one_of<T>(), T{}, left_operand, right_operand, db, block);
+        orv_free(copy);
+    }
 }
 
 namespace {
