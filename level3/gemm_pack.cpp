@@ -304,8 +304,8 @@ void pack_general_b(const MatrixDesc<dcomplex>& b, i64 l0, i64 depth, i64 j0, i6
 // ---- Shaped operands -------------------------------------------------------
 //
 // A panel that lies wholly on one side of the diagonal of op(X) reads a
-// general view of X (the stored triangle, or its mirror) or is zero; only the
-// panels that the diagonal crosses are packed element by element.
+// general view of X (the stored triangle, or its mirror) or is zero; on the
+// squares that the diagonal crosses, runs of lines read one side each.
 
 // Diagonal element (i, i) of op(X) for a shaped X.
 template <class T>
