@@ -218,11 +218,13 @@ void pack_panels(i64 count, i64 full, i64 ld, i64 depth, double factor, int copi
 // elements' two parts (each written Copies times), every element factor *
 // x(l, r) with x conjugated when Conj is set. The element of step l, line r
 // lies at src[l * step + r * line]. A factor of exactly one is not
-// multiplied in: (1, 0) times an infinite part would make a NaN of the other.
-template <bool Conj, int Copies>
+// multiplied in (Scale off): (1, 0) times an infinite part would make a NaN
+// of the other. W = 0 stands for the run-time width w; the tiles' widths
+// have code of their own, with the copies of a step unrolled.
+template <bool Conj, bool Scale, int Copies, int W>
 void gather_complex(const dcomplex* src, i64 step, i64 line, i64 w, i64 depth, dcomplex factor, double* dst)
 {
-    const bool scale = !is_one(factor);
+    if constexpr (W > 0) w = W;
     // factor * x as (fr xr + (-fi) xi, fr xi + fi xr): the parts of the
     // textbook product, with the same roundings.
     const __m128d fr = _mm_set1_pd(factor.re), fi = _mm_set_pd(factor.im, -factor.im);
@@ -230,10 +232,11 @@ void gather_complex(const dcomplex* src, i64 step, i64 line, i64 w, i64 depth, d
     for (i64 l = 0; l < depth; ++l) {
         const dcomplex* s = src + l * step;
         double* d = dst + l * w * 2 * Copies;
+#pragma GCC unroll 16
         for (i64 r = 0; r < w; ++r) {
             __m128d x = _mm_loadu_pd(&s[r * line].re);
             if constexpr (Conj) x = _mm_xor_pd(x, flip_imaginary);
-            if (scale) x = _mm_add_pd(_mm_mul_pd(fr, x), _mm_mul_pd(fi, _mm_shuffle_pd(x, x, 1)));
+            if constexpr (Scale) x = _mm_add_pd(_mm_mul_pd(fr, x), _mm_mul_pd(fi, _mm_shuffle_pd(x, x, 1)));
             if constexpr (Copies == 1) {
                 _mm_storeu_pd(d + 2 * r, x);
             } else {
@@ -244,19 +247,38 @@ void gather_complex(const dcomplex* src, i64 step, i64 line, i64 w, i64 depth, d
     }
 }
 
+using ComplexGather = void (*)(const dcomplex*, i64, i64, i64, i64, dcomplex, double*);
+
+template <bool Conj, bool Scale, int Copies>
+ComplexGather complex_gather_for(i64 w)
+{
+    switch (w) {
+    case 1: return gather_complex<Conj, Scale, Copies, 1>;
+    case 2: return gather_complex<Conj, Scale, Copies, 2>;
+    case 3: return gather_complex<Conj, Scale, Copies, 3>;
+    case 4: return gather_complex<Conj, Scale, Copies, 4>;
+    default: return gather_complex<Conj, Scale, Copies, 0>;
+    }
+}
+
+template <int Copies>
+ComplexGather complex_gather_for(bool conjugate, bool scale, i64 w)
+{
+    if (conjugate) return scale ? complex_gather_for<true, true, Copies>(w) : complex_gather_for<true, false, Copies>(w);
+    return scale ? complex_gather_for<false, true, Copies>(w) : complex_gather_for<false, false, Copies>(w);
+}
+
 template <int Copies>
 void pack_complex_panels(const MatrixDesc<dcomplex>& x, bool step_adjacent, i64 count, i64 full, i64 depth,
                          dcomplex factor, double* dst, const dcomplex* first, i64 line_stride)
 {
-    const bool conjugate = (x.kind & kStoredConjugated) != 0;
+    const bool conjugate = (x.kind & kStoredConjugated) != 0, scale = !is_one(factor);
     const i64 step = step_adjacent ? x.ld : 1;
     const i64 line = step_adjacent ? 1 : x.ld;
     for (i64 r = 0; r < count;) {
         const i64 w = next_panel_width(count - r, full);
-        const dcomplex* src = first + r * line_stride;
-        double* d = dst + r * depth * 2 * Copies;
-        if (conjugate) gather_complex<true, Copies>(src, step, line, w, depth, factor, d);
-        else gather_complex<false, Copies>(src, step, line, w, depth, factor, d);
+        complex_gather_for<Copies>(conjugate, scale, w)(first + r * line_stride, step, line, w, depth, factor,
+                                                        dst + r * depth * 2 * Copies);
         r += w;
     }
 }
