@@ -116,18 +116,38 @@ i64 buffer_bytes(const BlockPlan& plan)
     return round_up(bytes, bytes >= kHugePage ? kHugePage : kPage);
 }
 
-void acquire_buffer(BlockPlan* plan)
+namespace {
+
+// Clears the pointers; false when the observer withholds the buffer.
+bool buffer_granted(BlockPlan* plan)
 {
     plan->buffer = nullptr;
     plan->a.data = nullptr;
     plan->b.data = nullptr;
-    if (gemm_event(GemmEvent::buffer_request)) return;
-    const auto bytes = static_cast<std::size_t>(buffer_bytes(*plan));
-    void* p = orv_malloc(bytes, static_cast<int>(kPage));
-    if (alloc_failed(p, plan->elem_bytes == 8 ? "DGEMM" : "ZGEMM")) return;
+    return !gemm_event(GemmEvent::buffer_request);
+}
+
+void point_into(BlockPlan* plan, void* p)
+{
     plan->buffer = p;
     plan->a.data = p;
     plan->b.data = static_cast<char*>(p) + packed_b_offset_bytes(*plan);
+}
+
+}  // namespace
+
+void acquire_buffer(BlockPlan* plan)
+{
+    if (!buffer_granted(plan)) return;
+    const auto bytes = static_cast<std::size_t>(buffer_bytes(*plan));
+    void* p = orv_malloc(bytes, static_cast<int>(kPage));
+    if (alloc_failed(p, plan->elem_bytes == 8 ? "DGEMM" : "ZGEMM")) return;
+    point_into(plan, p);
+}
+
+void use_buffer(BlockPlan* plan, void* memory)
+{
+    if (buffer_granted(plan)) point_into(plan, memory);
 }
 
 void release_buffer(BlockPlan* plan)

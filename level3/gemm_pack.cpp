@@ -400,7 +400,12 @@ void put_run(const MatrixDesc<T>& x, const PartSource<T>& source, i64 i, i64 j, 
     const T* src = source.swapped ? x.base + j + i * x.ld : x.base + i + j * x.ld;
     const i64 stride = along_rows != source.swapped ? 1 : x.ld;
     const auto run = [&](auto value) {
-        for (i64 r = 0; r < count; ++r) put_value<Copies>(d + r * Copies * kParts, value(src[r * stride]));
+        // A run along the stored columns is contiguous: a loop of its own, which the compiler widens.
+        if (stride == 1) {
+            for (i64 r = 0; r < count; ++r) put_value<Copies>(d + r * Copies * kParts, value(src[r]));
+        } else {
+            for (i64 r = 0; r < count; ++r) put_value<Copies>(d + r * Copies * kParts, value(src[r * stride]));
+        }
     };
     const bool scale = !is_one(factor), conjugate = is_complex<T> && source.conjugate;
     if (!scale && !conjugate) run([](T v) { return v; });

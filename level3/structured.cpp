@@ -385,16 +385,32 @@ void structured_trmm(const GemmPath& path, const char* side, const char* uplo, c
     }
     const bool upper = option_letter(uplo) == 'U', left = option_letter(side) == 'L';
     const i64 m_ = *m, n_ = *n, order = left ? m_ : n_;
+    const int kind = storage_kind(transa) | triangle_bits(upper) |
+                     (option_letter(diag) == 'U' ? kUnitDiagonal : kNonUnitDiagonal);
+    const MatrixDesc<T> shaped = describe_operand(kind, a, order, order, *lda);
+    // Alpha multiplies B first, as in the element-wise loops. The packed
+    // triangle holds zeros where op(A) has none, and zero times an infinity
+    // or a NaN of alpha B is a NaN the product must not have: such a B takes
+    // the element-wise loops, which never touch the zero triangle.
+    if constexpr (!is_complex<T>) {
+        if (order <= kDenseOrder && m_ * n_ <= kDenseValues && reads_in_place(path, 'N', 'N', m_, n_, order, 1.0, 0.0)) {
+            double copy_b[kDenseValues];
+            if (scale_and_check(m_, n_, *alpha, b, *ldb, copy_b, m_))
+                return cnr::dtrmm(side, uplo, transa, diag, m, n, alpha, a, lda, b, ldb);
+            double dense[kDenseValues];
+            write_out(shaped, dense);
+            const double one = 1.0, zero = 0.0;
+            routed_dgemm(path, "N", "N", m, n, &order, &one, left ? dense : copy_b, left ? &order : m,
+                         left ? copy_b : dense, left ? m : &order, &zero, b, ldb);
+            return;
+        }
+    }
     // One k-block deep, the product packs every value of B before it writes
     // its place, and runs over B itself; deeper, it reads a copy.
     const bool in_place = order <= path.blocks->whole_depth;
     T* copy = nullptr;
     if (!in_place) copy = static_cast<T*>(orv_malloc(static_cast<std::size_t>(m_ * n_) * sizeof(T), 64));
     const bool refused = !in_place && alloc_failed(copy, is_complex<T> ? "ZTRMM" : "DTRMM");
-    // Alpha multiplies B first, as in the element-wise loops. The packed
-    // triangle holds zeros where op(A) has none, and zero times an infinity
-    // or a NaN of alpha B is a NaN the product must not have: such a B takes
-    // the element-wise loops, which never touch the zero triangle.
     if (refused || scale_and_check(m_, n_, *alpha, b, *ldb, in_place ? b : copy, in_place ? *ldb : m_)) {
         orv_free(copy);
         const T factor = in_place ? one_of<T>() : *alpha;
@@ -403,23 +419,8 @@ void structured_trmm(const GemmPath& path, const char* side, const char* uplo, c
         return;
     }
     const MatrixDesc<T> general = in_place ? db : describe_operand(kStoredAsIs, copy, m_, n_, m_);
-    const int kind = storage_kind(transa) | triangle_bits(upper) |
-                     (option_letter(diag) == 'U' ? kUnitDiagonal : kNonUnitDiagonal);
     // op(A) is upper triangular when A is upper and not transposed, or lower and transposed.
     const bool op_upper = upper == (option_letter(transa) == 'N');
-    const MatrixDesc<T> shaped = describe_operand(kind, a, order, order, *lda);
-    if constexpr (!is_complex<T>) {
-        if (order <= kDenseOrder && m_ * n_ <= kDenseValues && reads_in_place(path, 'N', 'N', m_, n_, order, 1.0, 0.0)) {
-            double dense[kDenseValues], copy_b[kDenseValues];
-            write_out(shaped, dense);
-            for (i64 j = 0; j < n_; ++j)
-                for (i64 i = 0; i < m_; ++i) copy_b[i + j * m_] = b[i + j * *ldb];
-            const double one = 1.0, zero = 0.0;
-            routed_dgemm(path, "N", "N", m, n, &order, &one, left ? dense : copy_b, left ? &order : m,
-                         left ? copy_b : dense, left ? m : &order, &zero, b, ldb);
-            return;
-        }
-    }
     const MatrixDesc<T>& left_operand = left ? shaped : general;
     const MatrixDesc<T>& right_operand = left ? general : shaped;
     const BlockRoutine<T> block = left ? (op_upper ? triangular_block<T, true, true> : triangular_block<T, true, false>)
@@ -433,6 +434,27 @@ void structured_trmm(const GemmPath& path, const char* side, const char* uplo, c
 }
 
 namespace {
+
+// y := y - x f and y := y f over `count` values, each product rounded as
+// the textbook product rounds it: the loops of the substitution.
+void subtract_multiple(i64 count, const dcomplex* x, dcomplex f, dcomplex* y)
+{
+    const __m128d fr = _mm_set1_pd(f.re), fi = _mm_set1_pd(f.im), negate_real = _mm_set_pd(0.0, -0.0);
+    for (i64 i = 0; i < count; ++i) {
+        const __m128d v = _mm_loadu_pd(&x[i].re);
+        const __m128d cross = _mm_xor_pd(_mm_mul_pd(_mm_shuffle_pd(v, v, 1), fi), negate_real);
+        _mm_storeu_pd(&y[i].re, _mm_sub_pd(_mm_loadu_pd(&y[i].re), _mm_add_pd(_mm_mul_pd(v, fr), cross)));
+    }
+}
+void multiply(i64 count, dcomplex f, dcomplex* y)
+{
+    const __m128d fr = _mm_set1_pd(f.re), fi = _mm_set1_pd(f.im), negate_real = _mm_set_pd(0.0, -0.0);
+    for (i64 i = 0; i < count; ++i) {
+        const __m128d v = _mm_loadu_pd(&y[i].re);
+        const __m128d cross = _mm_xor_pd(_mm_mul_pd(_mm_shuffle_pd(v, v, 1), fi), negate_real);
+        _mm_storeu_pd(&y[i].re, _mm_add_pd(_mm_mul_pd(v, fr), cross));
+    }
+}
 
 // Orders up to this are solved by substitution: below it the products that
 // remove a solved half are too small to pay for their packing.
@@ -499,7 +521,8 @@ struct TriangularSolve {
                     const i64 s = op_upper ? order - 1 - step : step;
                     const T xs = x[s] * diagonal(s);
                     x[s] = xs;
-                    for (i64 r = op_upper ? 0 : s + 1; r < (op_upper ? s : order); ++r) x[r] = x[r] - m[r + s * order] * xs;
+                    const i64 first = op_upper ? 0 : s + 1, last = op_upper ? s : order;
+                    subtract_multiple(last - first, m + first + s * order, xs, x + first);
                 }
             }
         } else {
@@ -508,12 +531,9 @@ struct TriangularSolve {
             for (i64 step = 0; step < order; ++step) {
                 const i64 s = op_upper ? step : order - 1 - step;
                 T* xs = x + s * ldb;
-                for (i64 i = 0; i < rhs; ++i) xs[i] = xs[i] * diagonal(s);
-                for (i64 c = op_upper ? s + 1 : 0; c < (op_upper ? order : s); ++c) {
-                    T* bc = x + c * ldb;
-                    const T factor = m[s + c * order];
-                    for (i64 i = 0; i < rhs; ++i) bc[i] = bc[i] - xs[i] * factor;
-                }
+                multiply(rhs, diagonal(s), xs);
+                for (i64 c = op_upper ? s + 1 : 0; c < (op_upper ? order : s); ++c)
+                    subtract_multiple(rhs, xs, m[s + c * order], x + c * ldb);
             }
         }
     }
