@@ -458,7 +458,7 @@ void multiply(i64 count, dcomplex f, dcomplex* y)
 
 // Orders up to this are solved by substitution: below it the products that
 // remove a solved half are too small to pay for their packing.
-constexpr i64 kSubstitutionOrder = 16;
+constexpr i64 kSubstitutionOrder = 8;
 
 // One solve on a part of the triangle: the diagonal block [d, d + order) of
 // op(A) against the rows (side L) or columns (side R) [d, d + order) of B.
@@ -514,14 +514,16 @@ struct TriangularSolve {
             }
         const auto diagonal = [&](i64 s) { return m[s + s * order]; };
         if (left) {
-            // Each column of B on its own: op(A) x = b.
-            for (i64 j = 0; j < rhs; ++j) {
-                T* x = b + d + j * ldb;
-                for (i64 step = 0; step < order; ++step) {
-                    const i64 s = op_upper ? order - 1 - step : step;
+            // op(A) x = b for each column x of B, one unknown of every
+            // column at a time: each column's unknowns form a chain of
+            // dependent steps, and the columns' chains overlap.
+            for (i64 step = 0; step < order; ++step) {
+                const i64 s = op_upper ? order - 1 - step : step;
+                const i64 first = op_upper ? 0 : s + 1, last = op_upper ? s : order;
+                for (i64 j = 0; j < rhs; ++j) {
+                    T* x = b + d + j * ldb;
                     const T xs = x[s] * diagonal(s);
                     x[s] = xs;
-                    const i64 first = op_upper ? 0 : s + 1, last = op_upper ? s : order;
                     subtract_multiple(last - first, m + first + s * order, xs, x + first);
                 }
             }
