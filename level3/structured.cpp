@@ -213,11 +213,29 @@ bool reads_in_place(const GemmPath& path, char ta, char tb, i64 m, i64 n, i64 k,
     return road == GemmEvent::direct || road == GemmEvent::tiny || road == GemmEvent::thin;
 }
 
-// op(X) of the shaped view x (order x order) as a general column-major
-// matrix with leading dimension order: one packed panel of all its rows.
+// op(X) of the symmetric or triangular view x as a general column-major
+// matrix with leading dimension its order: each stored column is copied
+// along a column of op(X), along a row, or both (symmetric); a triangular
+// op(X) has zeros elsewhere.
 void write_out(const MatrixDesc<double>& x, double* dense)
 {
-    pack_a<double>(&x, 0, x.rows, 0, x.rows, 1.0, x.rows, dense);
+    const i64 n = x.rows;
+    const bool symmetric = (x.kind & kSymmetric) != 0, upper = (x.kind & kUpperStored) != 0;
+    const bool as_column = symmetric || !reads_transposed(x), as_row = symmetric || reads_transposed(x);
+    if (!symmetric) {
+        for (i64 v = 0; v < n * n; ++v) dense[v] = 0.0;
+    }
+    for (i64 j = 0; j < n; ++j) {
+        const double* column = x.base + j * x.ld;
+        const i64 first = upper ? 0 : j + 1, last = upper ? j : n;
+        if (as_column) {
+            for (i64 i = first; i < last; ++i) dense[i + j * n] = column[i];
+        }
+        if (as_row) {
+            for (i64 i = first; i < last; ++i) dense[j + i * n] = column[i];
+        }
+        dense[j + j * n] = (x.kind & kUnitDiagonal) ? 1.0 : column[j];
+    }
 }
 
 // C := C + scratch over the uplo triangle of the n x n C (scratch ld n).
@@ -341,16 +359,22 @@ bool scale_and_check(i64 m, i64 n, T alpha, const T* from, i64 ldf, T* to, i64 l
         T* t = to + j * ldt;
         if (scale) {
             for (i64 i = 0; i < m; ++i) t[i] = alpha * f[i];
-        } else if (t != f) {
-            for (i64 i = 0; i < m; ++i) t[i] = f[i];
         }
-        const double* v = reinterpret_cast<const double*>(t);
+        // Unscaled values are copied in the same pass that checks them.
+        const bool copy = !scale && t != f;
+        const double* v = reinterpret_cast<const double*>(scale ? t : f);
+        double* w = reinterpret_cast<double*>(t);
         i64 q = 0;
         for (; q + 2 <= count; q += 2) {
-            const __m128d p = _mm_mul_pd(_mm_loadu_pd(v + q), zero);
+            const __m128d x = _mm_loadu_pd(v + q);
+            if (copy) _mm_storeu_pd(w + q, x);
+            const __m128d p = _mm_mul_pd(x, zero);
             bad = _mm_or_pd(bad, _mm_cmpunord_pd(p, p));
         }
-        if (q < count) odd_bad |= !(v[q] * 0.0 == 0.0);
+        if (q < count) {
+            if (copy) w[q] = v[q];
+            odd_bad |= !(v[q] * 0.0 == 0.0);
+        }
     }
     return odd_bad || _mm_movemask_pd(bad) != 0;
 }
