@@ -3,6 +3,9 @@
 
 #include <emmintrin.h>
 
+#include <cstdint>
+#include <cstring>
+
 #include "level3/gemm_driver.h"
 #include "level3/gemm_pack.h"
 #include "level3/gemm_route.h"
@@ -343,17 +346,20 @@ void structured_syr2k(const GemmPath& path, const char* uplo, const char* trans,
 namespace {
 
 // to := alpha from over m x n (alpha 1: a plain copy; `to` may be `from`);
-// true when a value of the result is infinite or a NaN. Zero times such a
-// value is a NaN, times any other a zero.
+// true when a value of the result is infinite or a NaN, all of its exponent
+// bits set: adding one to the lowest exponent bit then carries into the
+// sign bit. The bits are summed as integers, which no subnormal value slows.
 template <class T>
 bool scale_and_check(i64 m, i64 n, T alpha, const T* from, i64 ldf, T* to, i64 ldt)
 {
     constexpr i64 kParts = is_complex<T> ? 2 : 1;
+    constexpr std::uint64_t kExponent = 0x7ff0000000000000, kLowestBit = 0x0010000000000000;
     const bool scale = !is_one(alpha);
     const i64 count = m * kParts;
-    const __m128d zero = _mm_setzero_pd();
-    __m128d bad = zero;
-    bool odd_bad = false;
+    const __m128i exponent = _mm_set1_epi64x(static_cast<long long>(kExponent));
+    const __m128i lowest = _mm_set1_epi64x(static_cast<long long>(kLowestBit));
+    __m128i carries = _mm_setzero_si128();
+    std::uint64_t odd_carries = 0;
     for (i64 j = 0; j < n; ++j) {
         const T* f = from + j * ldf;
         T* t = to + j * ldt;
@@ -364,19 +370,27 @@ bool scale_and_check(i64 m, i64 n, T alpha, const T* from, i64 ldf, T* to, i64 l
         const bool copy = !scale && t != f;
         const double* v = reinterpret_cast<const double*>(scale ? t : f);
         double* w = reinterpret_cast<double*>(t);
+        const auto check = [&](__m128d x) {
+            carries = _mm_or_si128(carries, _mm_add_epi64(_mm_and_si128(_mm_castpd_si128(x), exponent), lowest));
+        };
         i64 q = 0;
-        for (; q + 2 <= count; q += 2) {
-            const __m128d x = _mm_loadu_pd(v + q);
-            if (copy) _mm_storeu_pd(w + q, x);
-            const __m128d p = _mm_mul_pd(x, zero);
-            bad = _mm_or_pd(bad, _mm_cmpunord_pd(p, p));
+        if (copy) {
+            for (; q + 2 <= count; q += 2) {
+                const __m128d x = _mm_loadu_pd(v + q);
+                _mm_storeu_pd(w + q, x);
+                check(x);
+            }
+        } else {
+            for (; q + 2 <= count; q += 2) check(_mm_loadu_pd(v + q));
         }
         if (q < count) {
             if (copy) w[q] = v[q];
-            odd_bad |= !(v[q] * 0.0 == 0.0);
+            std::uint64_t bits;
+            std::memcpy(&bits, v + q, sizeof bits);
+            odd_carries |= (bits & kExponent) + kLowestBit;
         }
     }
-    return odd_bad || _mm_movemask_pd(bad) != 0;
+    return (odd_carries >> 63) != 0 || _mm_movemask_pd(_mm_castsi128_pd(carries)) != 0;
 }
 
 // The triangular product over B without a work buffer: the element-wise
