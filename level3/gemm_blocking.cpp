@@ -9,7 +9,9 @@ namespace orv {
 
 namespace {
 
-i64 round_up(i64 x, i64 multiple) { return (x + multiple - 1) / multiple * multiple; }
+// The depths are in multiples of 1 (kTileDepthUnroll): no division for them,
+// which small products would notice.
+i64 round_up(i64 x, i64 multiple) { return multiple == 1 ? x : (x + multiple - 1) / multiple * multiple; }
 i64 min_of(i64 x, i64 y) { return x < y ? x : y; }
 i64 max_of(i64 x, i64 y) { return x > y ? x : y; }
 
