@@ -196,22 +196,26 @@ int symmetric_kind(const char* uplo, bool herm)
 
 // ---- Small real products read in place ------------------------------------
 //
-// Where the real product of the same sizes reads its operands in place, a
-// shaped operand is written out whole as a general op(X) on the stack, and
-// the product runs as that general one. The values written are those the
-// packer gives, the general roads give an element the bits of the blocked
-// road, and a structural zero adds nothing to a sum that starts from +0: the
-// result does not depend on the road.
+// A small real product with a shaped operand writes that operand out whole
+// as a general op(X) on the stack and runs the path's kernel that reads its
+// operands in place. The values written are those the packer gives, that
+// kernel gives an element the bits of the blocked road, and a structural
+// zero adds nothing to a sum that starts from +0: the result does not
+// depend on the road.
 
 // The largest order written out, and the most values of a copy of B.
-constexpr i64 kDenseOrder = 24;
+constexpr i64 kDenseOrder = 32;
 constexpr i64 kDenseValues = kDenseOrder * kDenseOrder;
 
-// The real product op(A) op(B) (letters ta, tb) of m x n over k reads its
-// operands in place on `path`.
+// Whether the real product op(A) op(B) (letters ta, tb) of m x n over k
+// reads its operands in place on `path` (its unpacked kernel, which takes
+// one k-block): every size up to kDenseOrder on the paths that send thin
+// shapes to that kernel, else where the path's routing of the general
+// product sends it.
 bool reads_in_place(const GemmPath& path, char ta, char tb, i64 m, i64 n, i64 k, double alpha, double beta)
 {
     if (k > path.blocks->whole_depth) return false;
+    if (path.thin_road && m <= kDenseOrder && n <= kDenseOrder && k <= kDenseOrder) return true;
     const GemmEvent road = choose_gemm_road(path, GemmShape{ta, tb, m, n, k, alpha, beta});
     return road == GemmEvent::direct || road == GemmEvent::tiny || road == GemmEvent::thin;
 }
@@ -268,8 +272,8 @@ void structured_symm(const GemmPath& path, const char* side, const char* uplo, c
         if (order <= kDenseOrder && reads_in_place(path, 'N', 'N', *m, *n, order, *alpha, *beta)) {
             double dense[kDenseValues];
             write_out(describe_operand(symmetric_kind(uplo, false), a, order, order, *lda), dense);
-            routed_dgemm(path, "N", "N", m, n, &order, alpha, left ? dense : b, left ? &order : ldb,
-                         left ? b : dense, left ? ldb : &order, beta, c, ldc);
+            path.unpacked(false, false, *m, *n, order, *alpha, left ? dense : b, left ? order : *ldb,
+                          left ? b : dense, left ? *ldb : order, *beta, c, *ldc);
             return;
         }
     }
@@ -308,9 +312,7 @@ void update_triangle(const GemmPath& path, const char* uplo, const char* trans, 
             if (dense) {
                 // The term into a scratch C, then its triangle added.
                 double scratch[kDenseValues];
-                const double zero = 0.0;
-                routed_dgemm(path, as_is ? "N" : "T", as_is ? "T" : "N", &n, &n, &k, &scalar, x, &ldx, y, &ldy,
-                             &zero, scratch, &n);
+                path.unpacked(!as_is, as_is, n, n, k, scalar, x, ldx, y, ldy, 0.0, scratch, n);
                 add_triangle(upper, n, scratch, c, ldc);
                 return;
             }
@@ -437,9 +439,8 @@ void structured_trmm(const GemmPath& path, const char* side, const char* uplo, c
                 return cnr::dtrmm(side, uplo, transa, diag, m, n, alpha, a, lda, b, ldb);
             double dense[kDenseValues];
             write_out(shaped, dense);
-            const double one = 1.0, zero = 0.0;
-            routed_dgemm(path, "N", "N", m, n, &order, &one, left ? dense : copy_b, left ? &order : m,
-                         left ? copy_b : dense, left ? m : &order, &zero, b, ldb);
+            path.unpacked(false, false, m_, n_, order, 1.0, left ? dense : copy_b, left ? order : m_,
+                          left ? copy_b : dense, left ? m_ : order, 0.0, b, *ldb);
             return;
         }
     }

@@ -260,12 +260,11 @@ inline const std::vector<int>& small_sizes()
 struct Shape3 {
     int m, n, k;
 };
-// Around the largest orders that real shaped products write out whole and
-// read in place (24, where the product of the same sizes reads in place),
-// then past them.
+// At the largest sizes that real shaped products write out whole and read in
+// place (32), then past them.
 inline const std::vector<Shape3>& large_shapes()
 {
-    static const std::vector<Shape3> shapes{{21, 20, 24}, {24, 9, 25}, {17, 33, 64},
+    static const std::vector<Shape3> shapes{{32, 31, 32}, {33, 9, 33}, {17, 33, 64},
                                             {64, 17, 33}, {33, 64, 17}, {64, 64, 64}};
     return shapes;
 }
