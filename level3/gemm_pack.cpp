@@ -264,7 +264,8 @@ ComplexGather complex_gather_for(i64 w)
 template <int Copies>
 ComplexGather complex_gather_for(bool conjugate, bool scale, i64 w)
 {
-    if (conjugate) return scale ? complex_gather_for<true, true, Copies>(w) : complex_gather_for<true, false, Copies>(w);
+    if (conjugate)
+        return scale ? complex_gather_for<true, true, Copies>(w) : complex_gather_for<true, false, Copies>(w);
     return scale ? complex_gather_for<false, true, Copies>(w) : complex_gather_for<false, false, Copies>(w);
 }
 
@@ -371,7 +372,6 @@ bool general_part(const MatrixDesc<T>& x, Side side, MatrixDesc<T>* view)
 
 // Where one side of op(X)'s diagonal comes from: X read at (i, j) for
 // op(X)(i, j), or at (j, i) when `swapped`, conjugated or not; or zeros.
-template <class T>
 struct PartSource {
     bool present;
     bool swapped;
@@ -379,7 +379,7 @@ struct PartSource {
 };
 
 template <class T>
-PartSource<T> part_source(const MatrixDesc<T>& x, Side side)
+PartSource part_source(const MatrixDesc<T>& x, Side side)
 {
     MatrixDesc<T> view;
     if (!general_part(x, side, &view)) return {false, false, false};
@@ -389,7 +389,7 @@ PartSource<T> part_source(const MatrixDesc<T>& x, Side side)
 // `count` values of op(X) along a line of the panel, from position (i, j) on,
 // the line moving down the rows (along_rows) or across the columns, into d.
 template <class T, int Copies>
-void put_run(const MatrixDesc<T>& x, const PartSource<T>& source, i64 i, i64 j, bool along_rows, i64 count,
+void put_run(const MatrixDesc<T>& x, const PartSource& source, i64 i, i64 j, bool along_rows, i64 count,
              T factor, double* d)
 {
     constexpr i64 kParts = is_complex<T> ? 2 : 1;
@@ -449,8 +449,8 @@ void pack_shaped_panel(const MatrixDesc<T>& x, i64 p, i64 width, i64 l0, i64 dep
     if (diagonal_first < diagonal_last) {
         // At step l the diagonal holds line l - p; the lines before it lie
         // above the diagonal of op(A), below that of op(B).
-        const PartSource<T> before = part_source(x, lines_are_rows ? Side::strictly_upper : Side::strictly_lower);
-        const PartSource<T> after = part_source(x, lines_are_rows ? Side::strictly_lower : Side::strictly_upper);
+        const PartSource before = part_source(x, lines_are_rows ? Side::strictly_upper : Side::strictly_lower);
+        const PartSource after = part_source(x, lines_are_rows ? Side::strictly_lower : Side::strictly_upper);
         const bool scale = !is_one(factor);
         for (i64 l = diagonal_first; l < diagonal_last; ++l) {
             const i64 on = l - p;
@@ -475,7 +475,8 @@ void pack_a_any(const MatrixDesc<T>* a, i64 i0, i64 rows, i64 l0, i64 depth, T a
     for (i64 r = 0; r < rows;) {
         const i64 h = next_panel_width(rows - r, mr);
         pack_shaped_panel<T, Copies>(
-            *a, i0 + r, h, l0, depth, alpha, true, dst + r * depth * Copies, [&](const MatrixDesc<T>& view, i64 first, i64 steps, T* d) {
+            *a, i0 + r, h, l0, depth, alpha, true, dst + r * depth * Copies,
+            [&](const MatrixDesc<T>& view, i64 first, i64 steps, T* d) {
                 pack_general_a<Copies>(view, i0 + r, h, first, steps, alpha, h, d);
             });
         r += h;
@@ -489,7 +490,8 @@ void pack_b_any(const MatrixDesc<T>* b, i64 l0, i64 depth, i64 j0, i64 cols, T f
     for (i64 c = 0; c < cols;) {
         const i64 w = next_panel_width(cols - c, nr);
         pack_shaped_panel<T, Copies>(
-            *b, j0 + c, w, l0, depth, factor, false, dst + c * depth * Copies, [&](const MatrixDesc<T>& view, i64 first, i64 steps, T* d) {
+            *b, j0 + c, w, l0, depth, factor, false, dst + c * depth * Copies,
+            [&](const MatrixDesc<T>& view, i64 first, i64 steps, T* d) {
                 pack_general_b<Copies>(view, first, steps, j0 + c, w, factor, w, d);
             });
         c += w;

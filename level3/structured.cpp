@@ -249,7 +249,8 @@ void write_out(const MatrixDesc<double>& x, double* dense)
 void add_triangle(bool upper, i64 n, const double* scratch, double* c, i64 ldc)
 {
     for (i64 j = 0; j < n; ++j)
-        for (i64 i = upper ? 0 : j; i < (upper ? j + 1 : n); ++i) c[i + j * ldc] = c[i + j * ldc] + scratch[i + j * n];
+        for (i64 i = upper ? 0 : j; i < (upper ? j + 1 : n); ++i)
+            c[i + j * ldc] = c[i + j * ldc] + scratch[i + j * n];
 }
 
 }  // namespace
@@ -306,7 +307,8 @@ void update_triangle(const GemmPath& path, const char* uplo, const char* trans, 
     const MatrixDesc<T> dc = describe_result(c, n, n, ldc);
     const BlockRoutine<T> block = triangle_routine<T, Herm>(!upper);
     bool dense = false;
-    if constexpr (!is_complex<T>) dense = n <= kDenseOrder && reads_in_place(path, as_is ? 'N' : 'T', as_is ? 'T' : 'N', n, n, k, 1.0, 0.0);
+    if constexpr (!is_complex<T>)
+        dense = n <= kDenseOrder && reads_in_place(path, as_is ? 'N' : 'T', as_is ? 'T' : 'N', n, n, k, 1.0, 0.0);
     terms([&](T scalar, const T* x, i64 ldx, const T* y, i64 ldy) {
         if constexpr (!is_complex<T>) {
             if (dense) {
@@ -433,7 +435,8 @@ void structured_trmm(const GemmPath& path, const char* side, const char* uplo, c
     // or a NaN of alpha B is a NaN the product must not have: such a B takes
     // the element-wise loops, which never touch the zero triangle.
     if constexpr (!is_complex<T>) {
-        if (order <= kDenseOrder && m_ * n_ <= kDenseValues && reads_in_place(path, 'N', 'N', m_, n_, order, 1.0, 0.0)) {
+        if (order <= kDenseOrder && m_ * n_ <= kDenseValues &&
+            reads_in_place(path, 'N', 'N', m_, n_, order, 1.0, 0.0)) {
             double copy_b[kDenseValues];
             if (scale_and_check(m_, n_, *alpha, b, *ldb, copy_b, m_))
                 return cnr::dtrmm(side, uplo, transa, diag, m, n, alpha, a, lda, b, ldb);
@@ -462,8 +465,9 @@ void structured_trmm(const GemmPath& path, const char* side, const char* uplo, c
     const bool op_upper = upper == (option_letter(transa) == 'N');
     const MatrixDesc<T>& left_operand = left ? shaped : general;
     const MatrixDesc<T>& right_operand = left ? general : shaped;
-    const BlockRoutine<T> block = left ? (op_upper ? triangular_block<T, true, true> : triangular_block<T, true, false>)
-                                       : (op_upper ? triangular_block<T, false, true> : triangular_block<T, false, false>);
+    const BlockRoutine<T> block =
+        left ? (op_upper ? triangular_block<T, true, true> : triangular_block<T, true, false>)
+             : (op_upper ? triangular_block<T, false, true> : triangular_block<T, false, false>);
     if (in_place) {
         product_over_operand<T>(path, left_operand, right_operand, db, block, trmm_in_place_fallback<T>);
     } else {
