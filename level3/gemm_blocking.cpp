@@ -9,7 +9,9 @@ namespace orv {
 
 namespace {
 
-i64 round_up(i64 x, i64 multiple) { return (x + multiple - 1) / multiple * multiple; }
+// The depths are in multiples of 1 (kTileDepthUnroll): no division for them,
+// which small products would notice.
+i64 round_up(i64 x, i64 multiple) { return multiple == 1 ? x : (x + multiple - 1) / multiple * multiple; }
 i64 min_of(i64 x, i64 y) { return x < y ? x : y; }
 i64 max_of(i64 x, i64 y) { return x > y ? x : y; }
 
@@ -118,18 +120,38 @@ i64 buffer_bytes(const BlockPlan& plan)
     return round_up(bytes, bytes >= kHugePage ? kHugePage : kPage);
 }
 
-void acquire_buffer(BlockPlan* plan)
+namespace {
+
+// Clears the pointers; false when the observer withholds the buffer.
+bool buffer_granted(BlockPlan* plan)
 {
     plan->buffer = nullptr;
     plan->a.data = nullptr;
     plan->b.data = nullptr;
-    if (gemm_event(GemmEvent::buffer_request)) return;
-    const auto bytes = static_cast<std::size_t>(buffer_bytes(*plan));
-    void* p = orv_malloc(bytes, static_cast<int>(kPage));
-    if (alloc_failed(p, plan->elem_bytes == 8 ? "DGEMM" : "ZGEMM")) return;
+    return !gemm_event(GemmEvent::buffer_request);
+}
+
+void point_into(BlockPlan* plan, void* p)
+{
     plan->buffer = p;
     plan->a.data = p;
     plan->b.data = static_cast<char*>(p) + packed_b_offset_bytes(*plan);
+}
+
+}  // namespace
+
+void acquire_buffer(BlockPlan* plan)
+{
+    if (!buffer_granted(plan)) return;
+    const auto bytes = static_cast<std::size_t>(buffer_bytes(*plan));
+    void* p = orv_malloc(bytes, static_cast<int>(kPage));
+    if (alloc_failed(p, plan->elem_bytes == 8 ? "DGEMM" : "ZGEMM")) return;
+    point_into(plan, p);
+}
+
+void use_buffer(BlockPlan* plan, void* memory)
+{
+    if (buffer_granted(plan)) point_into(plan, memory);
 }
 
 void release_buffer(BlockPlan* plan)

@@ -68,6 +68,9 @@ i64 packed_b_offset_bytes(const BlockPlan& plan);
 // Takes the work buffer from the memory manager and points the packed views
 // into it; a buffer the memory manager cannot supply leaves them null.
 void acquire_buffer(BlockPlan* plan);
+// Points the packed views into `memory`, of at least buffer_bytes, as
+// acquire_buffer does with the memory manager's block.
+void use_buffer(BlockPlan* plan, void* memory);
 // Returns the buffer to the memory manager and clears the pointers.
 void release_buffer(BlockPlan* plan);
 

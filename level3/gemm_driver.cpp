@@ -49,6 +49,10 @@ i64 min_of(i64 x, i64 y) { return x < y ? x : y; }
 // the hardware can stream.
 constexpr i64 kPackAheadRows = 96;
 
+// Work buffers up to this size live on the stack: a small product would
+// pay the memory manager more than its packing.
+constexpr i64 kSmallBufferBytes = 16384;
+
 // The loop nest over one buffer. A panels are packed on their first use in a
 // k-block, a group at a time, and reused by the later column slices of that
 // k-block.
@@ -123,11 +127,13 @@ void blocked_driver(const GemmOp<T>* op, const MatrixDesc<T>* a, const MatrixDes
     }
 
     BlockPlan blocks;
+    alignas(64) char small_buffer[kSmallBufferBytes];
     if (caller_plan != nullptr) {
         blocks = *caller_plan;
     } else {
         plan->block_sizes(m, n, k, &plan->params, &blocks);
-        blocks.acquire(&blocks);
+        if (buffer_bytes(blocks) <= kSmallBufferBytes) use_buffer(&blocks, small_buffer);
+        else blocks.acquire(&blocks);
     }
     if (blocks.buffer == nullptr) {
         // No memory for the packed panels: the product is still due.
@@ -137,7 +143,7 @@ void blocked_driver(const GemmOp<T>* op, const MatrixDesc<T>* a, const MatrixDes
     }
     gemm_event(GemmEvent::blocked);
     blocked_loops(*op, *a, *b, *c, blocks, *plan, is_zero(beta));
-    if (caller_plan == nullptr) blocks.release(&blocks);
+    if (caller_plan == nullptr && blocks.buffer != small_buffer) blocks.release(&blocks);
 }
 
 template void scale_c<double>(i64, i64, double, double*, i64);

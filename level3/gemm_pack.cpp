@@ -345,56 +345,24 @@ void pack_general_b(const MatrixDesc<dcomplex>& b, i64 l0, i64 depth, i64 j0, i6
 // ---- Shaped operands -------------------------------------------------------
 //
 // A panel that lies wholly on one side of the diagonal of op(X) reads a
-// general view of X (the stored triangle, or its mirror) or is zero; only the
-// panels that the diagonal crosses are packed element by element.
+// general view of X (the stored triangle, or its mirror) or is zero; on the
+// squares that the diagonal crosses, runs of lines read one side each.
 
-// Elements of op(X) for a shaped X, its kind decoded once.
+// Diagonal element (i, i) of op(X) for a shaped X.
 template <class T>
-struct ShapedReader {
-    const T* base;
-    i64 ld;
-    bool mirrored;   // symmetric or Hermitian
-    bool herm;
-    bool upper;
-    bool trans;
-    bool conjugate;
-    bool unit;
-    bool inverted;
-
-    explicit ShapedReader(const MatrixDesc<T>& x)
-        : base(x.base), ld(x.ld), mirrored((x.kind & (kSymmetric | kHermitian)) != 0),
-          herm((x.kind & kHermitian) != 0), upper((x.kind & kUpperStored) != 0), trans(reads_transposed(x)),
-          conjugate((x.kind & kStoredConjugated) != 0), unit((x.kind & kUnitDiagonal) != 0),
-          inverted((x.kind & kInvertedDiagonal) != 0)
-    {
-    }
-
-    // Element (i, j) of op(X).
-    [[gnu::always_inline]] T at(i64 i, i64 j) const
-    {
-        if (mirrored) {
-            if (i == j) {
-                T d = base[i + i * ld];
-                if constexpr (is_complex<T>) {
-                    if (herm) d.im = 0.0;
-                }
-                return d;
-            }
-            if (upper ? i < j : i > j) return base[i + j * ld];
-            const T m = base[j + i * ld];
-            return herm ? conj(m) : m;
+T diagonal_of(const MatrixDesc<T>& x, i64 i)
+{
+    const T stored = x.base[i + i * x.ld];
+    if (x.kind & (kSymmetric | kHermitian)) {
+        if constexpr (is_complex<T>) {
+            if (x.kind & kHermitian) return T{stored.re, 0.0};
         }
-        // Triangular: op(X)(i, j) is X(r, c), conjugated for 'C'.
-        const i64 r = trans ? j : i, c = trans ? i : j;
-        if (r == c) {
-            if (unit) return one_of<T>();
-            const T d = conjugate ? conj(base[r + r * ld]) : base[r + r * ld];
-            return inverted ? one_of<T>() / d : d;
-        }
-        if (!(upper ? r < c : r > c)) return T{};
-        return conjugate ? conj(base[r + c * ld]) : base[r + c * ld];
+        return stored;
     }
-};
+    if (x.kind & kUnitDiagonal) return one_of<T>();
+    const T d = (x.kind & kStoredConjugated) ? conj(stored) : stored;
+    return (x.kind & kInvertedDiagonal) ? one_of<T>() / d : d;
+}
 
 enum class Side { strictly_lower, strictly_upper };
 
@@ -420,16 +388,60 @@ bool general_part(const MatrixDesc<T>& x, Side side, MatrixDesc<T>* view)
     return true;
 }
 
+// Where one side of op(X)'s diagonal comes from: X read at (i, j) for
+// op(X)(i, j), or at (j, i) when `swapped`, conjugated or not; or zeros.
+struct PartSource {
+    bool present;
+    bool swapped;
+    bool conjugate;
+};
+
+template <class T>
+PartSource part_source(const MatrixDesc<T>& x, Side side)
+{
+    MatrixDesc<T> view;
+    if (!general_part(x, side, &view)) return {false, false, false};
+    return {true, reads_transposed(view), (view.kind & kStoredConjugated) != 0};
+}
+
+// `count` values of op(X) along a line of the panel, from position (i, j) on,
+// the line moving down the rows (along_rows) or across the columns, into d.
+template <class T, int Copies>
+void put_run(const MatrixDesc<T>& x, const PartSource& source, i64 i, i64 j, bool along_rows, i64 count,
+             T factor, double* d)
+{
+    constexpr i64 kParts = is_complex<T> ? 2 : 1;
+    if (!source.present) {
+        for (i64 v = 0; v < count * Copies * kParts; ++v) d[v] = 0.0;
+        return;
+    }
+    const T* src = source.swapped ? x.base + j + i * x.ld : x.base + i + j * x.ld;
+    const i64 stride = along_rows != source.swapped ? 1 : x.ld;
+    const auto run = [&](auto value) {
+        // A run along the stored columns is contiguous: a loop of its own, which the compiler widens.
+        if (stride == 1) {
+            for (i64 r = 0; r < count; ++r) put_value<Copies>(d + r * Copies * kParts, value(src[r]));
+        } else {
+            for (i64 r = 0; r < count; ++r) put_value<Copies>(d + r * Copies * kParts, value(src[r * stride]));
+        }
+    };
+    const bool scale = !is_one(factor), conjugate = is_complex<T> && source.conjugate;
+    if (!scale && !conjugate) run([](T v) { return v; });
+    else if (!conjugate) run([&](T v) { return factor * v; });
+    else if (!scale) run([](T v) { return conj(v); });
+    else run([&](T v) { return factor * conj(v); });
+}
+
 // One panel of `width` lines (rows of op(A) or columns of op(B)) starting at
 // line p, depth [l0, l0 + depth). The steps before the panel's first line,
 // those past its last line and those beside the diagonal are packed apart:
 // the first two each read one general view of X, or are zero, through
-// general(view, first step, steps, destination); only the square on the
-// diagonal is packed element by element. `at(line, l)` is the position
-// (i, j) in op(X) of step l of a line.
-template <class T, int Copies, class Position, class General>
+// general(view, first step, steps, destination). On the square that the
+// diagonal crosses each step is a run of lines on one side of the diagonal,
+// the diagonal value and a run on the other side.
+template <class T, int Copies, class General>
 void pack_shaped_panel(const MatrixDesc<T>& x, i64 p, i64 width, i64 l0, i64 depth, T factor, bool lines_are_rows,
-                       T* dst, Position at, General general)
+                       T* dst, General general)
 {
     constexpr i64 kParts = is_complex<T> ? 2 : 1;
     const i64 end = l0 + depth;
@@ -452,21 +464,25 @@ void pack_shaped_panel(const MatrixDesc<T>& x, i64 p, i64 width, i64 l0, i64 dep
     const i64 diagonal_first = p > l0 ? p : l0;
     const i64 diagonal_last = p + width < end ? p + width : end;
     side_part(l0, p < end ? p : end, true);
-    const ShapedReader<T> reader(x);
-    const bool scale = !is_one(factor);
-    for (i64 l = diagonal_first; l < diagonal_last; ++l)
-        for (i64 r = 0; r < width; ++r) {
-            const auto [i, j] = at(p + r, l);
-            const T v = reader.at(i, j);
-            put_value<Copies>(d + (l - l0) * step_doubles + r * Copies * kParts, scale ? factor * v : v);
+    if (diagonal_first < diagonal_last) {
+        // At step l the diagonal holds line l - p; the lines before it lie
+        // above the diagonal of op(A), below that of op(B).
+        const PartSource before = part_source(x, lines_are_rows ? Side::strictly_upper : Side::strictly_lower);
+        const PartSource after = part_source(x, lines_are_rows ? Side::strictly_lower : Side::strictly_upper);
+        const bool scale = !is_one(factor);
+        for (i64 l = diagonal_first; l < diagonal_last; ++l) {
+            const i64 on = l - p;
+            double* step = d + (l - l0) * step_doubles;
+            const i64 i = lines_are_rows ? p : l, j = lines_are_rows ? l : p;
+            put_run<T, Copies>(x, before, i, j, lines_are_rows, on, factor, step);
+            const T v = diagonal_of(x, l);
+            put_value<Copies>(step + on * Copies * kParts, scale ? factor * v : v);
+            put_run<T, Copies>(x, after, lines_are_rows ? l + 1 : l, lines_are_rows ? l : l + 1, lines_are_rows,
+                               width - on - 1, factor, step + (on + 1) * Copies * kParts);
         }
+    }
     side_part(p + width > l0 ? p + width : l0, end, false);
 }
-
-struct Position {
-    i64 i;
-    i64 j;
-};
 
 // Packed A holds each value once.
 template <class T>
@@ -478,7 +494,6 @@ void pack_a_any(const MatrixDesc<T>* a, i64 i0, i64 rows, i64 l0, i64 depth, T a
         const i64 h = next_panel_width(rows - r, mr);
         pack_shaped_panel<T, Copies>(
             *a, i0 + r, h, l0, depth, alpha, true, dst + r * depth * Copies,
-            [](i64 line, i64 l) { return Position{line, l}; },
             [&](const MatrixDesc<T>& view, i64 first, i64 steps, T* d) {
                 pack_general_a<Copies>(view, i0 + r, h, first, steps, alpha, h, d);
             });
@@ -494,7 +509,6 @@ void pack_b_any(const MatrixDesc<T>* b, i64 l0, i64 depth, i64 j0, i64 cols, T f
         const i64 w = next_panel_width(cols - c, nr);
         pack_shaped_panel<T, Copies>(
             *b, j0 + c, w, l0, depth, factor, false, dst + c * depth * Copies,
-            [](i64 line, i64 l) { return Position{l, line}; },
             [&](const MatrixDesc<T>& view, i64 first, i64 steps, T* d) {
                 pack_general_b<Copies>(view, first, steps, j0 + c, w, factor, w, d);
             });

@@ -25,8 +25,9 @@ namespace orv {
 i64 next_panel_width(i64 remaining, i64 full);
 
 // Any operand, general or shaped (symmetric, Hermitian, triangular): see
-// PackA and PackB. A shaped operand's panels that the diagonal of op(X)
-// crosses are packed element by element; the others read the stored
+// PackA and PackB. On the squares of a shaped operand that the diagonal of
+// op(X) crosses, each step is two runs of lines, one either side of the
+// diagonal, and the diagonal value; elsewhere the panels read the stored
 // triangle or its mirror with the general gathers, or are zero.
 template <class T>
 void pack_a(const MatrixDesc<T>* a, i64 i0, i64 rows, i64 l0, i64 depth, T alpha, i64 mr, T* dst);

@@ -70,6 +70,13 @@ bool is_general(const MatrixDesc<T>& d)
     return (d.kind & kShapeBits) == 0;
 }
 
+// The transposition letter of a view's storage bits.
+inline char view_letter(int kind)
+{
+    if (kind & kStoredAsIs) return 'N';
+    return (kind & kStoredConjugated) ? 'C' : 'T';
+}
+
 // The storage bit of a transposition letter (read at its first character,
 // either case): 'N' as is, 'T' transposed, 'C' conjugate-transposed; any
 // other letter reads transposed.

@@ -102,13 +102,6 @@ GemmEvent small_and_tiny_road(const GemmPath& path, const GemmShape& s)
     }
 }
 
-// The transposition letter of a general view.
-char view_letter(int kind)
-{
-    if (kind & kStoredAsIs) return 'N';
-    return (kind & kStoredConjugated) ? 'C' : 'T';
-}
-
 // The blocked road's fall-backs for general operands: the path's unpacked
 // kernels, which give every element the bits of the blocked road.
 void dgemm_fallback(const GemmOp<double>& op, const MatrixDesc<double>& a, const MatrixDesc<double>& b,
@@ -192,11 +185,13 @@ namespace {
 
 // A product on the blocked road with the path's tile for T: C scaled by beta
 // once (0 clears it), then the blocked driver adds to it, as the unpacked
-// kernels add their sums to a scaled C. The driver tells the observer whether
-// it ran blocked or fell back.
+// kernels add their sums to a scaled C; with `prescale` off beta goes to the
+// driver as it is. The driver tells the observer whether it ran blocked or
+// fell back.
 template <class T>
 void product_on_path(const GemmPath& path, T alpha, T beta, const MatrixDesc<T>& a, const MatrixDesc<T>& b,
-                     const MatrixDesc<T>& c, BlockRoutine<T> block, FallbackRoutine<T> fallback)
+                     const MatrixDesc<T>& c, BlockRoutine<T> block, FallbackRoutine<T> fallback,
+                     bool prescale = true)
 {
     KernelParams params;
     const GemmTile* tile;
@@ -209,7 +204,7 @@ void product_on_path(const GemmPath& path, T alpha, T beta, const MatrixDesc<T>&
     }
     GemmPlan<T> plan = plan_product<T>(path, params, tile, fallback);
     plan.block = block;
-    if (!is_one(beta)) {
+    if (prescale && !is_one(beta)) {
         plan.scale(c.rows, c.cols, beta, c.base, c.ld);
         beta = one_of<T>();
     }
@@ -270,6 +265,19 @@ void blocked_product(const GemmPath& path, T alpha, T beta, const MatrixDesc<T>&
     product_on_path<T>(path, alpha, beta, a, b, c, block, tilewise_fallback<T>);
 }
 
+template <class T>
+void product_over_operand(const GemmPath& path, const MatrixDesc<T>& a, const MatrixDesc<T>& b,
+                          const MatrixDesc<T>& c, BlockRoutine<T> block, FallbackRoutine<T> fallback)
+{
+    product_on_path<T>(path, one_of<T>(), T{}, a, b, c, block, fallback, false);
+}
+
+template void product_over_operand<double>(const GemmPath&, const MatrixDesc<double>&, const MatrixDesc<double>&,
+                                           const MatrixDesc<double>&, BlockRoutine<double>,
+                                           FallbackRoutine<double>);
+template void product_over_operand<dcomplex>(const GemmPath&, const MatrixDesc<dcomplex>&,
+                                             const MatrixDesc<dcomplex>&, const MatrixDesc<dcomplex>&,
+                                             BlockRoutine<dcomplex>, FallbackRoutine<dcomplex>);
 template void blocked_product<double>(const GemmPath&, double, double, const MatrixDesc<double>&,
                                       const MatrixDesc<double>&, const MatrixDesc<double>&, BlockRoutine<double>);
 template void blocked_product<dcomplex>(const GemmPath&, dcomplex, dcomplex, const MatrixDesc<dcomplex>&,

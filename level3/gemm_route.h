@@ -70,4 +70,13 @@ template <class T>
 void blocked_product(const GemmPath& path, T alpha, T beta, const MatrixDesc<T>& a, const MatrixDesc<T>& b,
                      const MatrixDesc<T>& c, BlockRoutine<T> block);
 
+// C := op(A) op(B) where C is also one of the operands (a triangular product
+// in place): C is not cleared first, the first k-block stores. Safe when the
+// product is one k-block deep, every block stores and the other operand is
+// unshaped: each value of C's operand is then packed before its place in C
+// is written. Without a work buffer `fallback` computes it.
+template <class T>
+void product_over_operand(const GemmPath& path, const MatrixDesc<T>& a, const MatrixDesc<T>& b,
+                          const MatrixDesc<T>& c, BlockRoutine<T> block, FallbackRoutine<T> fallback);
+
 }  // namespace orv

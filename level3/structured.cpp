@@ -1,7 +1,10 @@
 // The shaped level-3 routines on the blocked frame.
 #include "level3/structured.h"
 
+#include <emmintrin.h>
+
 #include <cstdint>
+#include <cstring>
 
 #include "level3/gemm_driver.h"
 #include "level3/gemm_pack.h"
@@ -191,6 +194,65 @@ int symmetric_kind(const char* uplo, bool herm)
     return kStoredAsIs | (herm ? kHermitian : kSymmetric) | triangle_bits(option_letter(uplo) == 'U');
 }
 
+// ---- Small real products read in place ------------------------------------
+//
+// A small real product with a shaped operand writes that operand out whole
+// as a general op(X) on the stack and runs the path's kernel that reads its
+// operands in place. The values written are those the packer gives, that
+// kernel gives an element the bits of the blocked road, and a structural
+// zero adds nothing to a sum that starts from +0: the result does not
+// depend on the road.
+
+// The largest order written out, and the most values of a copy of B.
+constexpr i64 kDenseOrder = 32;
+constexpr i64 kDenseValues = kDenseOrder * kDenseOrder;
+
+// Whether the real product op(A) op(B) (letters ta, tb) of m x n over k
+// reads its operands in place on `path` (its unpacked kernel, which takes
+// one k-block): every size up to kDenseOrder on the paths that send thin
+// shapes to that kernel, else where the path's routing of the general
+// product sends it.
+bool reads_in_place(const GemmPath& path, char ta, char tb, i64 m, i64 n, i64 k, double alpha, double beta)
+{
+    if (k > path.blocks->whole_depth) return false;
+    if (path.thin_road && m <= kDenseOrder && n <= kDenseOrder && k <= kDenseOrder) return true;
+    const GemmEvent road = choose_gemm_road(path, GemmShape{ta, tb, m, n, k, alpha, beta});
+    return road == GemmEvent::direct || road == GemmEvent::tiny || road == GemmEvent::thin;
+}
+
+// op(X) of the symmetric or triangular view x as a general column-major
+// matrix with leading dimension its order: each stored column is copied
+// along a column of op(X), along a row, or both (symmetric); a triangular
+// op(X) has zeros elsewhere.
+void write_out(const MatrixDesc<double>& x, double* dense)
+{
+    const i64 n = x.rows;
+    const bool symmetric = (x.kind & kSymmetric) != 0, upper = (x.kind & kUpperStored) != 0;
+    const bool as_column = symmetric || !reads_transposed(x), as_row = symmetric || reads_transposed(x);
+    if (!symmetric) {
+        for (i64 v = 0; v < n * n; ++v) dense[v] = 0.0;
+    }
+    for (i64 j = 0; j < n; ++j) {
+        const double* column = x.base + j * x.ld;
+        const i64 first = upper ? 0 : j + 1, last = upper ? j : n;
+        if (as_column) {
+            for (i64 i = first; i < last; ++i) dense[i + j * n] = column[i];
+        }
+        if (as_row) {
+            for (i64 i = first; i < last; ++i) dense[j + i * n] = column[i];
+        }
+        dense[j + j * n] = (x.kind & kUnitDiagonal) ? 1.0 : column[j];
+    }
+}
+
+// C := C + scratch over the uplo triangle of the n x n C (scratch ld n).
+void add_triangle(bool upper, i64 n, const double* scratch, double* c, i64 ldc)
+{
+    for (i64 j = 0; j < n; ++j)
+        for (i64 i = upper ? 0 : j; i < (upper ? j + 1 : n); ++i)
+            c[i + j * ldc] = c[i + j * ldc] + scratch[i + j * n];
+}
+
 }  // namespace
 
 template <class T, bool Herm>
@@ -205,7 +267,18 @@ void structured_symm(const GemmPath& path, const char* side, const char* uplo, c
         return;
     }
     const MatrixDesc<T> general = describe_operand(kStoredAsIs, b, *m, *n, *ldb);
-    if (option_letter(side) == 'L') {
+    const bool left = option_letter(side) == 'L';
+    const i64 order = left ? *m : *n;
+    if constexpr (!is_complex<T>) {
+        if (order <= kDenseOrder && reads_in_place(path, 'N', 'N', *m, *n, order, *alpha, *beta)) {
+            double dense[kDenseValues];
+            write_out(describe_operand(symmetric_kind(uplo, false), a, order, order, *lda), dense);
+            path.unpacked(false, false, *m, *n, order, *alpha, left ? dense : b, left ? order : *ldb,
+                          left ? b : dense, left ? *ldb : order, *beta, c, *ldc);
+            return;
+        }
+    }
+    if (left) {
         const MatrixDesc<T> shaped = describe_operand(symmetric_kind(uplo, Herm), a, *m, *m, *lda);
         blocked_product<T>(path, *alpha, *beta, shaped, general, dc, run_block<T>);
     } else {
@@ -233,7 +306,19 @@ void update_triangle(const GemmPath& path, const char* uplo, const char* trans, 
     const int mirror = Herm ? kStoredConjugated : kStoredTransposed;
     const MatrixDesc<T> dc = describe_result(c, n, n, ldc);
     const BlockRoutine<T> block = triangle_routine<T, Herm>(!upper);
+    bool dense = false;
+    if constexpr (!is_complex<T>)
+        dense = n <= kDenseOrder && reads_in_place(path, as_is ? 'N' : 'T', as_is ? 'T' : 'N', n, n, k, 1.0, 0.0);
     terms([&](T scalar, const T* x, i64 ldx, const T* y, i64 ldy) {
+        if constexpr (!is_complex<T>) {
+            if (dense) {
+                // The term into a scratch C, then its triangle added.
+                double scratch[kDenseValues];
+                path.unpacked(!as_is, as_is, n, n, k, scalar, x, ldx, y, ldy, 0.0, scratch, n);
+                add_triangle(upper, n, scratch, c, ldc);
+                return;
+            }
+        }
         const MatrixDesc<T> left = describe_operand(as_is ? kStoredAsIs : mirror, x, n, k, ldx);
         const MatrixDesc<T> right = describe_operand(as_is ? mirror : kStoredAsIs, y, k, n, ldy);
         blocked_product<T>(path, scalar, one_of<T>(), left, right, dc, block);
@@ -262,6 +347,73 @@ void structured_syr2k(const GemmPath& path, const char* uplo, const char* trans,
     });
 }
 
+namespace {
+
+// to := alpha from over m x n (alpha 1: a plain copy; `to` may be `from`);
+// true when a value of the result is infinite or a NaN, all of its exponent
+// bits set: adding one to the lowest exponent bit then carries into the
+// sign bit. The bits are summed as integers, which no subnormal value slows.
+template <class T>
+bool scale_and_check(i64 m, i64 n, T alpha, const T* from, i64 ldf, T* to, i64 ldt)
+{
+    constexpr i64 kParts = is_complex<T> ? 2 : 1;
+    constexpr std::uint64_t kExponent = 0x7ff0000000000000, kLowestBit = 0x0010000000000000;
+    const bool scale = !is_one(alpha);
+    const i64 count = m * kParts;
+    const __m128i exponent = _mm_set1_epi64x(static_cast<long long>(kExponent));
+    const __m128i lowest = _mm_set1_epi64x(static_cast<long long>(kLowestBit));
+    __m128i carries = _mm_setzero_si128();
+    std::uint64_t odd_carries = 0;
+    for (i64 j = 0; j < n; ++j) {
+        const T* f = from + j * ldf;
+        T* t = to + j * ldt;
+        if (scale) {
+            for (i64 i = 0; i < m; ++i) t[i] = alpha * f[i];
+        }
+        // Unscaled values are copied in the same pass that checks them.
+        const bool copy = !scale && t != f;
+        const double* v = reinterpret_cast<const double*>(scale ? t : f);
+        double* w = reinterpret_cast<double*>(t);
+        const auto check = [&](__m128d x) {
+            carries = _mm_or_si128(carries, _mm_add_epi64(_mm_and_si128(_mm_castpd_si128(x), exponent), lowest));
+        };
+        i64 q = 0;
+        if (copy) {
+            for (; q + 2 <= count; q += 2) {
+                const __m128d x = _mm_loadu_pd(v + q);
+                _mm_storeu_pd(w + q, x);
+                check(x);
+            }
+        } else {
+            for (; q + 2 <= count; q += 2) check(_mm_loadu_pd(v + q));
+        }
+        if (q < count) {
+            if (copy) w[q] = v[q];
+            std::uint64_t bits;
+            std::memcpy(&bits, v + q, sizeof bits);
+            odd_carries |= (bits & kExponent) + kLowestBit;
+        }
+    }
+    return (odd_carries >> 63) != 0 || _mm_movemask_pd(_mm_castsi128_pd(carries)) != 0;
+}
+
+// The triangular product over B without a work buffer: the element-wise
+// loops (alpha already multiplied into B).
+template <class T>
+void trmm_in_place_fallback(const GemmOp<T>& op, const MatrixDesc<T>& a, const MatrixDesc<T>& b,
+                            const MatrixDesc<T>& c, const GemmPlan<T>&)
+{
+    const bool left = !is_general(a);
+    const MatrixDesc<T>& t = left ? a : b;
+    const char side = left ? 'L' : 'R', uplo = (t.kind & kUpperStored) ? 'U' : 'L';
+    const char transa = view_letter(t.kind), diag = (t.kind & kUnitDiagonal) ? 'U' : 'N';
+    if constexpr (is_complex<T>)
+        plain::ztrmm(&side, &uplo, &transa, &diag, &c.rows, &c.cols, &op.alpha, t.base, &t.ld, c.base, &c.ld);
+    else plain::dtrmm(&side, &uplo, &transa, &diag, &c.rows, &c.cols, &op.alpha, t.base, &t.ld, c.base, &c.ld);
+}
+
+}  // namespace
+
 template <class T>
 void structured_trmm(const GemmPath& path, const char* side, const char* uplo, const char* transa,
                      const char* diag, const i64* m, const i64* n, const T* alpha, const T* a, const i64* lda, T* b,
@@ -273,48 +425,55 @@ void structured_trmm(const GemmPath& path, const char* side, const char* uplo, c
         scale_c(*m, *n, T{}, b, *ldb);
         return;
     }
-    // B is read whole before it is overwritten: the product reads a copy of
-    // alpha B (alpha applied to B first, as the element-wise loops do). The
-    // packed triangle holds zeros where op(A) has none, and zero times an
-    // infinity or a NaN of alpha B is a NaN the product must not have: such a
-    // B takes the element-wise loops, which never touch the zero triangle.
-    const i64 m_ = *m, n_ = *n;
-    T* copy = static_cast<T*>(orv_malloc(static_cast<std::size_t>(m_ * n_) * sizeof(T), 64));
-    const bool refused = alloc_failed(copy, is_complex<T> ? "ZTRMM" : "DTRMM");
-    const bool scale = !is_one(*alpha);
-    for (i64 j = 0; j < n_ && !refused; ++j) {
-        const T* from = b + j * *ldb;
-        T* to = copy + j * m_;
-        for (i64 i = 0; i < m_; ++i) to[i] = scale ? *alpha * from[i] : from[i];
-    }
-    // A value is infinite or a NaN when all its exponent bits are set.
-    constexpr std::uint64_t kExponent = 0x7ff0000000000000;
-    std::uint64_t non_finite = 0;
-    const std::uint64_t* bits = reinterpret_cast<const std::uint64_t*>(copy);
-    for (i64 v = 0; v < (refused ? 0 : m_ * n_ * (is_complex<T> ? 2 : 1)); ++v)
-        non_finite |= (bits[v] & kExponent) == kExponent;
-    if (refused || non_finite != 0) {
-        orv_free(copy);
-        if constexpr (is_complex<T>) plain::ztrmm(side, uplo, transa, diag, m, n, alpha, a, lda, b, ldb);
-        else plain::dtrmm(side, uplo, transa, diag, m, n, alpha, a, lda, b, ldb);
-        return;
-    }
-    const MatrixDesc<T> general = describe_operand(kStoredAsIs, copy, m_, n_, m_);
     const bool upper = option_letter(uplo) == 'U', left = option_letter(side) == 'L';
+    const i64 m_ = *m, n_ = *n, order = left ? m_ : n_;
     const int kind = storage_kind(transa) | triangle_bits(upper) |
                      (option_letter(diag) == 'U' ? kUnitDiagonal : kNonUnitDiagonal);
+    const MatrixDesc<T> shaped = describe_operand(kind, a, order, order, *lda);
+    // Alpha multiplies B first, as in the element-wise loops. The packed
+    // triangle holds zeros where op(A) has none, and zero times an infinity
+    // or a NaN of alpha B is a NaN the product must not have: such a B takes
+    // the element-wise loops, which never touch the zero triangle.
+    if constexpr (!is_complex<T>) {
+        if (order <= kDenseOrder && m_ * n_ <= kDenseValues &&
+            reads_in_place(path, 'N', 'N', m_, n_, order, 1.0, 0.0)) {
+            double copy_b[kDenseValues];
+            if (scale_and_check(m_, n_, *alpha, b, *ldb, copy_b, m_))
+                return plain::dtrmm(side, uplo, transa, diag, m, n, alpha, a, lda, b, ldb);
+            double dense[kDenseValues];
+            write_out(shaped, dense);
+            path.unpacked(false, false, m_, n_, order, 1.0, left ? dense : copy_b, left ? order : m_,
+                          left ? copy_b : dense, left ? m_ : order, 0.0, b, *ldb);
+            return;
+        }
+    }
+    // One k-block deep, the product packs every value of B before it writes
+    // its place, and runs over B itself; deeper, it reads a copy.
+    const bool in_place = order <= path.blocks->whole_depth;
+    T* copy = nullptr;
+    if (!in_place) copy = static_cast<T*>(orv_malloc(static_cast<std::size_t>(m_ * n_) * sizeof(T), 64));
+    const bool refused = !in_place && alloc_failed(copy, is_complex<T> ? "ZTRMM" : "DTRMM");
+    if (refused || scale_and_check(m_, n_, *alpha, b, *ldb, in_place ? b : copy, in_place ? *ldb : m_)) {
+        orv_free(copy);
+        const T factor = in_place ? one_of<T>() : *alpha;
+        if constexpr (is_complex<T>) plain::ztrmm(side, uplo, transa, diag, m, n, &factor, a, lda, b, ldb);
+        else plain::dtrmm(side, uplo, transa, diag, m, n, &factor, a, lda, b, ldb);
+        return;
+    }
+    const MatrixDesc<T> general = in_place ? db : describe_operand(kStoredAsIs, copy, m_, n_, m_);
     // op(A) is upper triangular when A is upper and not transposed, or lower and transposed.
     const bool op_upper = upper == (option_letter(transa) == 'N');
-    const i64 order = left ? m_ : n_;
-    const MatrixDesc<T> shaped = describe_operand(kind, a, order, order, *lda);
-    if (left) {
-        blocked_product<T>(path, one_of<T>(), T{}, shaped, general, db,
-                           op_upper ? triangular_block<T, true, true> : triangular_block<T, true, false>);
+    const MatrixDesc<T>& left_operand = left ? shaped : general;
+    const MatrixDesc<T>& right_operand = left ? general : shaped;
+    const BlockRoutine<T> block =
+        left ? (op_upper ? triangular_block<T, true, true> : triangular_block<T, true, false>)
+             : (op_upper ? triangular_block<T, false, true> : triangular_block<T, false, false>);
+    if (in_place) {
+        product_over_operand<T>(path, left_operand, right_operand, db, block, trmm_in_place_fallback<T>);
     } else {
-        blocked_product<T>(path, one_of<T>(), T{}, general, shaped, db,
-                           op_upper ? triangular_block<T, false, true> : triangular_block<T, false, false>);
+        blocked_product<T>(path, one_of<T>(), T{}, left_operand, right_operand, db, block);
+        orv_free(copy);
     }
-    orv_free(copy);
 }
 
 template void structured_symm<double, false>(const GemmPath&, const char*, const char*, const i64*, const i64*,

@@ -837,6 +837,65 @@ TEST(GemmDriver, ShapedRoutinesWithoutABuffer)
         6);
 }
 
+// The real shaped products up to order 32 write the shaped operand out and
+// read it in place; one column (or row and column) more takes the blocked
+// road. The elements the two share get the same bits: same values, same
+// order of the sums over k.
+constexpr i64 kSmall = 32, kLarge = kSmall + 1, kSmallLd = kLarge + 2;
+
+TEST(GemmDriver, SmallShapedRoadGivesTheBlockedBits)
+{
+    constexpr i64 ld = kSmallLd;
+    static const double alpha = -0.75, beta = 0.5;
+    Rng rng(21);
+    std::vector<double> a(std::size_t(ld * ld)), other(std::size_t(ld * ld)), c0(std::size_t(ld * ld));
+    for (double& v : a) v = rng.full();
+    for (double& v : other) v = rng.full();
+    for (double& v : c0) v = rng.full();
+    // Each call computes a problem of size `size` (the other sizes kSmall)
+    // into c; the leading kSmall x kSmall of C are compared.
+    const struct {
+        const char* name;
+        void (*call)(const GemmPath&, i64 size, const double* a, const double* b, double* c);
+    } cases[] = {
+        {"dsymm L U", [](const GemmPath& p, i64 n, const double* a, const double* b, double* c) {
+             orv::structured_symm<double, false>(p, "L", "U", &kSmall, &n, &alpha, a, &kSmallLd, b, &kSmallLd,
+                                                 &beta, c, &kSmallLd);
+         }},
+        {"dsymm R L", [](const GemmPath& p, i64 m, const double* a, const double* b, double* c) {
+             orv::structured_symm<double, false>(p, "R", "L", &m, &kSmall, &alpha, a, &kSmallLd, b, &kSmallLd,
+                                                 &beta, c, &kSmallLd);
+         }},
+        {"dsyrk L T", [](const GemmPath& p, i64 n, const double* a, const double*, double* c) {
+             orv::structured_syrk<double, false, double>(p, "L", "T", &n, &kSmall, &alpha, a, &kSmallLd, &beta, c,
+                                                         &kSmallLd);
+         }},
+        {"dsyr2k U N", [](const GemmPath& p, i64 n, const double* a, const double* b, double* c) {
+             orv::structured_syr2k<double, false, double>(p, "U", "N", &n, &kSmall, &alpha, a, &kSmallLd, b,
+                                                          &kSmallLd, &beta, c, &kSmallLd);
+         }},
+        {"dtrmm L L T N", [](const GemmPath& p, i64 n, const double* a, const double*, double* c) {
+             orv::structured_trmm<double>(p, "L", "L", "T", "N", &kSmall, &n, &alpha, a, &kSmallLd, c, &kSmallLd);
+         }},
+        {"dtrmm R U N U", [](const GemmPath& p, i64 m, const double* a, const double*, double* c) {
+             orv::structured_trmm<double>(p, "R", "U", "N", "U", &m, &kSmall, &alpha, a, &kSmallLd, c, &kSmallLd);
+         }},
+    };
+    for (const GemmPath* path : {&orv::kGemmPathAvx512, &orv::kGemmPathAvx512Qix, &orv::kGemmPathAvx2,
+                                 &orv::kGemmPathAvx, &orv::kGemmPathMc3, &orv::kGemmPathMc, &orv::kGemmPathDef}) {
+        if (!processor_runs(*path)) continue;
+        for (const auto& t : cases) {
+            std::vector<double> small = c0, large = c0;
+            t.call(*path, kSmall, a.data(), other.data(), small.data());
+            t.call(*path, kLarge, a.data(), other.data(), large.data());
+            for (i64 j = 0; j < kSmall; ++j)
+                for (i64 i = 0; i < kSmall; ++i)
+                    ASSERT_TRUE(orvtest::same_bits(small[std::size_t(i + j * ld)], large[std::size_t(i + j * ld)]))
+                        << path->name << " " << t.name << " (" << i << "," << j << ")";
+        }
+    }
+}
+
 // ---- The triangular solve ----------------------------------------------------
 
 template <class T>

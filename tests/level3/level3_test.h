@@ -260,9 +260,12 @@ inline const std::vector<int>& small_sizes()
 struct Shape3 {
     int m, n, k;
 };
+// At the largest sizes that real shaped products write out whole and read in
+// place (32), then past them.
 inline const std::vector<Shape3>& large_shapes()
 {
-    static const std::vector<Shape3> shapes{{17, 33, 64}, {64, 17, 33}, {33, 64, 17}, {64, 64, 64}};
+    static const std::vector<Shape3> shapes{{32, 31, 32}, {33, 9, 33}, {17, 33, 64},
+                                            {64, 17, 33}, {33, 64, 17}, {64, 64, 64}};
     return shapes;
 }
 // A shape past the cache blocks of the blocked products: two k-blocks (or
