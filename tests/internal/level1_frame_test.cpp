@@ -21,6 +21,7 @@
 #include "level1/frame/drivers.h"
 #include "level1/frame/frame.h"
 #include "service/memory.h"
+#include "teams.h"
 #include "service/thread_policy.h"
 #include "../level1/level1_test.h"
 
@@ -34,26 +35,6 @@ using K = orv::Level1Kernels;
 
 dcomplex* dz(zcomplex* p) { return reinterpret_cast<dcomplex*>(p); }
 zcomplex zc(dcomplex v) { return {v.re, v.im}; }
-
-// The count the policy hands this thread's drivers while the object lives.
-class Threads {
-public:
-    explicit Threads(int n) { orv::set_thread_count_override(n); }
-    ~Threads() { orv::set_thread_count_override(0); }
-    Threads(const Threads&) = delete;
-    Threads& operator=(const Threads&) = delete;
-};
-
-// The team the runtime grants this thread for a region of `parts` threads.
-int granted(long parts)
-{
-    int team = 0;
-#pragma omp parallel num_threads(static_cast<int>(parts))
-    {
-        if (omp_get_thread_num() == 0) team = omp_get_num_threads();
-    }
-    return team;
-}
 
 // ---- The emulation ---------------------------------------------------------
 
@@ -308,21 +289,6 @@ TEST(Frame, IndexSearchKeepsTiesWithTheEarlierChunk)
 }
 
 // ---- Which chunk each thread's kernel call gets ------------------------------
-
-// Replaces slot M for one test and restores it.
-template <auto M>
-class SlotSwap {
-public:
-    using Fn = std::remove_reference_t<decltype(orv::Family<K>::slots.*M)>;
-    explicit SlotSwap(Fn fn) : saved_(slot()) { slot() = fn; }
-    ~SlotSwap() { slot() = saved_; }
-    SlotSwap(const SlotSwap&) = delete;
-    SlotSwap& operator=(const SlotSwap&) = delete;
-
-private:
-    static Fn& slot() { return orv::Family<K>::slots.*M; }
-    Fn saved_;
-};
 
 struct DotCall {
     i64 n;
