@@ -97,7 +97,8 @@ void register_stream(long doubles)
 {
     benchmark::RegisterBenchmark(stream_row_name(doubles).c_str(), [doubles](benchmark::State& state) {
         g_ops.ensure(static_cast<std::size_t>(doubles), 0);
-        for (auto _ : state) benchmark::DoNotOptimize(bench::stream_read1(g_ops.a.get(), static_cast<std::size_t>(doubles)));
+        for (auto _ : state)
+            benchmark::DoNotOptimize(bench::stream_read1(g_ops.a.get(), static_cast<std::size_t>(doubles)));
         state.counters["GB/s"] = benchmark::Counter(8.0 * static_cast<double>(doubles) * 1e-9 *
                                                         static_cast<double>(state.iterations()),
                                                     benchmark::Counter::kIsRate);
@@ -189,7 +190,8 @@ std::string summary(const bench::CollectingReporter& rep, const std::vector<Rout
                         << bench::format_fixed(o, 2) << " | ";
                     const double ratio = c > 0 ? o / c : -1.0;
                     out << (c > 0 ? bench::format_fixed(c, 2) : "-") << " | "
-                        << (c > 0 ? bench::format_fixed(ratio, 2) : "-") << " | " << bench::format_fixed(ob, 2) << " | ";
+                        << (c > 0 ? bench::format_fixed(ratio, 2) : "-") << " | " << bench::format_fixed(ob, 2)
+                        << " | ";
                     const double sratio = s > 0 ? ob / s : -1.0;
                     out << (s > 0 ? bench::format_fixed(s, 2) : "-") << " | "
                         << (s > 0 ? bench::format_fixed(sratio, 2) : "-") << " | ";
@@ -215,7 +217,8 @@ int main(int argc, char** argv)
     const std::vector<long> sizes = bench::parse_list(bench::take_option(&argc, argv, "sizes", "500,2000,4000,8000"));
     const std::vector<long> incs = bench::parse_list(bench::take_option(&argc, argv, "incs", "1,2"));
     std::vector<int> threads;
-    for (long t : bench::parse_list(bench::take_option(&argc, argv, "threads", "1,2"))) threads.push_back(static_cast<int>(t));
+    for (long t : bench::parse_list(bench::take_option(&argc, argv, "threads", "1,2")))
+        threads.push_back(static_cast<int>(t));
     const std::vector<std::string> wanted =
         bench::split(bench::take_option(&argc, argv, "routines", "dgemv_n,dgemv_t,zgemv_n,zgemv_c"), ',');
     const std::string summary_out = bench::take_option(&argc, argv, "summary_out", "");

@@ -145,7 +145,8 @@ T add_partials(T yi, T beta, const T* p, i64 ld, int team)
     if (k < team) yi = yi + p[k * ld];
     T lane[Lanes];
     for (int l = 0; l < Lanes; ++l)
-        lane[l] = ((acc[0][l] + acc[1][l]) + (acc[2][l] + acc[3][l])) + ((acc[4][l] + acc[5][l]) + (acc[6][l] + acc[7][l]));
+        lane[l] = ((acc[0][l] + acc[1][l]) + (acc[2][l] + acc[3][l])) +
+                  ((acc[4][l] + acc[5][l]) + (acc[6][l] + acc[7][l]));
     if constexpr (Lanes == 2) return yi + (lane[0] + lane[1]);
     else return yi + lane[0];
 }

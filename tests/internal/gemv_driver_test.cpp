@@ -141,7 +141,8 @@ std::vector<T> split_sum(const Product<T>& p, int team)
         if (k < team) yi = yi + part[k][i];
         T sum[lanes];
         for (int l = 0; l < lanes; ++l)
-            sum[l] = ((acc[0][l] + acc[1][l]) + (acc[2][l] + acc[3][l])) + ((acc[4][l] + acc[5][l]) + (acc[6][l] + acc[7][l]));
+            sum[l] = ((acc[0][l] + acc[1][l]) + (acc[2][l] + acc[3][l])) +
+                     ((acc[4][l] + acc[5][l]) + (acc[6][l] + acc[7][l]));
         if constexpr (lanes == 2) yi = yi + (sum[0] + sum[1]);
         else yi = yi + sum[0];
     }
@@ -172,7 +173,8 @@ TYPED_TEST(GemvSplitSum, SumsThePartialsInThreadOrder)
                 const bool wide = op == 'N';
                 const Product<T> p(op, wide ? short_side : long_side, wide ? long_side : short_side, ix, iy, rng);
                 const std::vector<T> got = p.driver();
-                ASSERT_TRUE(same(got, split_sum(p, team))) << op << " team " << team << " incx " << ix << " incy " << iy;
+                ASSERT_TRUE(same(got, split_sum(p, team)))
+                    << op << " team " << team << " incx " << ix << " incy " << iy;
                 for (int again = 0; again < 3; ++again) ASSERT_TRUE(same(p.driver(), got)) << "repetition " << again;
             }
     }

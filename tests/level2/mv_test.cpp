@@ -105,7 +105,8 @@ TYPED_TEST(Level2Mv, GeneralEdgesAndThreadedShapes)
     const std::vector<std::pair<long, long>> shapes = {
         {17, 13}, {33, 12}, {15, 9}, {1, 17}, {31, 4}, {63, 64}, {64, 63}, {127, 128}, {128, 127},
         {130, 50}, {1000, 2}, {100, 300}, {511, 7}, {513, 5}, {1025, 9}, {1024, 3},
-        {kComplex<T> ? 40L : 50L, kComplex<T> ? 5000L : 10000L}, {kComplex<T> ? 5000L : 10000L, kComplex<T> ? 50L : 100L}};
+        {kComplex<T> ? 40L : 50L, kComplex<T> ? 5000L : 10000L},
+        {kComplex<T> ? 5000L : 10000L, kComplex<T> ? 50L : 100L}};
     Rng rng(13);
     int count = 0;
     for (const auto& [m, n] : shapes)
