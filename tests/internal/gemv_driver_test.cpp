@@ -8,6 +8,7 @@
 #include <omp.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <cstring>
 #include <type_traits>
@@ -382,6 +383,39 @@ TYPED_TEST(GemvSplitSum, ResultsDoNotDependOnPlacement)
             }
             EXPECT_EQ(std::memcmp(y0.data(), y.data() + 1, y0.size() * sizeof(T)), 0)
                 << "build " << static_cast<int>(b) << " trans " << op;
+        }
+}
+
+// ---- One element of y for the whole product ----------------------------------------
+
+// An increment of y of 0 (only from the library's own callers): beta applies
+// once per logical element, then every product adds into the one element.
+// Small integers keep every sum exact, so any order gives the same bits; the
+// driver keeps such a call on one thread.
+TEST(GemvTeams, ZeroIncrementOfYCollectsTheWholeProduct)
+{
+    using Family = orv::Family<K>;
+    const Threads permit(4);
+    for (const char op : {'N', 'T'})
+        for (const double beta : {0.5, 0.0}) {
+            const i64 m = 200, n = 150, lda = m, incx = 1, incy = 0, flag = 1;
+            std::vector<double> a(static_cast<std::size_t>(lda * n)), x(static_cast<std::size_t>(op == 'N' ? n : m));
+            for (std::size_t k = 0; k < a.size(); ++k) a[k] = static_cast<double>(static_cast<int>(k % 7) - 3);
+            for (std::size_t k = 0; k < x.size(); ++k) x[k] = static_cast<double>(static_cast<int>(k % 5) - 2);
+            double want = beta == 0.0 ? 0.0 : 3.0 * std::pow(beta, static_cast<double>(op == 'N' ? m : n));
+            const double alpha = 2.0;
+            for (i64 j = 0; j < n; ++j)
+                for (i64 i = 0; i < m; ++i) want += alpha * a[i + j * lda] * x[op == 'N' ? j : i];
+            const double y0 = beta == 0.0 ? std::nan("") : 3.0;
+            for (orv::Build b : {orv::Build::def, orv::Build::cnr, orv::dispatch_build()}) {
+                double y = y0;
+                Family::builds[static_cast<int>(b)]->dgemv(&op, &m, &n, &alpha, a.data(), &lda, x.data(), &incx,
+                                                          &beta, &y, &incy, &flag);
+                EXPECT_EQ(y, want) << op << " beta " << beta << " build " << static_cast<int>(b);
+            }
+            double y = y0;
+            orv_blas_dgemv(&op, &m, &n, &alpha, a.data(), &lda, x.data(), &incx, &beta, &y, &incy);
+            EXPECT_EQ(y, want) << op << " beta " << beta << " threaded";
         }
 }
 
