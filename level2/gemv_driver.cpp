@@ -25,10 +25,9 @@ struct GemvLimits {
     i64 upper_t;
     i64 many_bound;    // many threads: fewer threads below this work
     i64 many_divisor;  // ... one per this many elements of A
-    int short_lanes;   // partials combined in steps of 8 accumulators of this many lanes
 };
-constexpr GemvLimits kDgemv{10000, 101, 64, 1536, 2048, 3072, 4096, 4096, 3072, 2};
-constexpr GemvLimits kZgemv{5000, 51, 32, 512, 512, 1024, 1024, 1024, 1024, 1};
+constexpr GemvLimits kDgemv{10000, 101, 64, 1536, 2048, 3072, 4096, 4096, 3072};
+constexpr GemvLimits kZgemv{5000, 51, 32, 512, 512, 1024, 1024, 1024, 1024};
 
 // From this many threads the work per thread decides alone.
 constexpr i64 kManyThreads = 13;
@@ -123,12 +122,14 @@ void column_split(const GemvCall<T>& g, int t, int team)
 }
 
 // y(i) := beta * y(i) plus the team's partial values p(0, i) .. p(S-1, i):
-// in steps of 8 accumulators of Lanes lanes each, the rest in pairs into
-// the first accumulator, an odd last partial straight into y(i), then y(i)
-// plus the accumulators summed pairwise and their lanes added.
-template <int Lanes, typename T>
+// in steps of 8 accumulators of two lanes (real data; one complex value for
+// complex data), the rest in pairs into the first accumulator, an odd last
+// partial straight into y(i), then y(i) plus the accumulators summed
+// pairwise and their lanes added.
+template <typename T>
 T add_partials(T yi, T beta, const T* p, i64 ld, int team)
 {
+    constexpr int Lanes = is_complex<T> ? 1 : 2;
     if (is_zero(beta)) yi = T{};
     else if (!is_one(beta)) yi = beta * yi;
     T acc[8][Lanes];
@@ -162,7 +163,7 @@ i64 partial_stride(i64 len)
 // Each thread's part of the long side into its own partial vector (beta 0,
 // increment 1); the master then adds them into y in thread order. Every
 // thread passes both barriers, also when the buffer could not be had.
-template <auto Slot, int Lanes, typename T>
+template <auto Slot, typename T>
 void split_sum(const GemvCall<T>& g, T*& partials, int t, int team)
 {
     const i64 len_y = g.transposed ? g.n : g.m, ld = partial_stride<T>(len_y);
@@ -191,7 +192,7 @@ void split_sum(const GemvCall<T>& g, T*& partials, int t, int team)
 #pragma omp barrier
     if (t != 0) return;
     const Strided<T> y = strided(g.y, len_y, g.incy);
-    for (i64 i = 0; i < len_y; ++i) y[i] = add_partials<Lanes>(y[i], *g.beta, partials + i, ld, team);
+    for (i64 i = 0; i < len_y; ++i) y[i] = add_partials(y[i], *g.beta, partials + i, ld, team);
     orv_free(partials);
 }
 
@@ -212,10 +213,8 @@ void gemv(const GemvLimits& k, const char* trans, i64 m, i64 n, const T* alpha, 
     T* partials = nullptr;
     frame::run_region(threads, [&](int t, int team) {
         if (team == 1) whole<Slot>(g);
-        else if (long_and_thin(g.transposed, m, n, k)) {
-            if (k.short_lanes == 2) split_sum<Slot, 2>(g, partials, t, team);
-            else split_sum<Slot, 1>(g, partials, t, team);
-        } else if (g.transposed) column_split<Slot>(g, t, team);
+        else if (long_and_thin(g.transposed, m, n, k)) split_sum<Slot>(g, partials, t, team);
+        else if (g.transposed) column_split<Slot>(g, t, team);
         else row_split<Slot>(g, t, team);
     });
 }
