@@ -17,6 +17,8 @@
 // Baseline code only (see service/types.h).
 #pragma once
 
+#include <emmintrin.h>
+
 #include <cstdint>
 
 #include "service/elements.h"
@@ -79,12 +81,33 @@ void gemv_dot_block(i64 m, const T* a, i64 lda, Strided<const T> x, bool peel, T
         }
     }
     T lane0[C], lane1[C];
-    for (int c = 0; c < C; ++c) lane0[c] = lane1[c] = T{};
-    for (; i + 1 < m; i += 2)
-        for (int c = 0; c < C; ++c) {
-            lane0[c] = lane0[c] + conj_if<Conj>(a[i + c * lda]) * x[i];
-            lane1[c] = lane1[c] + conj_if<Conj>(a[i + 1 + c * lda]) * x[i + 1];
+    if constexpr (!is_complex<T>) {
+        if (x.inc == 1) {
+            // The two lanes of each column in one register.
+            __m128d acc[C];
+#pragma GCC unroll 4
+            for (int c = 0; c < C; ++c) acc[c] = _mm_setzero_pd();
+            for (; i + 1 < m; i += 2) {
+                const __m128d xv = _mm_loadu_pd(&x[i]);
+#pragma GCC unroll 4
+                for (int c = 0; c < C; ++c)
+                    acc[c] = _mm_add_pd(acc[c], _mm_mul_pd(_mm_loadu_pd(a + i + c * lda), xv));
+            }
+#pragma GCC unroll 4
+            for (int c = 0; c < C; ++c) {
+                lane0[c] = _mm_cvtsd_f64(acc[c]);
+                lane1[c] = _mm_cvtsd_f64(_mm_unpackhi_pd(acc[c], acc[c]));
+            }
         }
+    }
+    if (is_complex<T> || x.inc != 1) {
+        for (int c = 0; c < C; ++c) lane0[c] = lane1[c] = T{};
+        for (; i + 1 < m; i += 2)
+            for (int c = 0; c < C; ++c) {
+                lane0[c] = lane0[c] + conj_if<Conj>(a[i + c * lda]) * x[i];
+                lane1[c] = lane1[c] + conj_if<Conj>(a[i + 1 + c * lda]) * x[i + 1];
+            }
+    }
     for (int c = 0; c < C; ++c) s[c] = s[c] + (lane0[c] + lane1[c]);
     if (i < m)
         for (int c = 0; c < C; ++c) s[c] = s[c] + conj_if<Conj>(a[i + c * lda]) * x[i];
