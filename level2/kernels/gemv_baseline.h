@@ -48,7 +48,22 @@ void gemv_scale_y(i64 len, T beta, T* y, i64 inc)
 template <int C, typename T>
 void gemv_axpy_block(i64 m, const T* a, i64 lda, const T* t, Strided<T> y)
 {
-    for (i64 i = 0; i < m; ++i) {
+    i64 i = 0;
+    if constexpr (!is_complex<T>) {
+        if (y.inc == 1) {
+            // Two rows in one register, the same operations on each.
+            __m128d tv[C];
+#pragma GCC unroll 8
+            for (int c = 0; c < C; ++c) tv[c] = _mm_set1_pd(t[c]);
+            for (; i + 1 < m; i += 2) {
+                __m128d v = _mm_add_pd(_mm_mul_pd(_mm_loadu_pd(a + i), tv[0]), _mm_loadu_pd(&y[i]));
+#pragma GCC unroll 8
+                for (int c = 1; c < C; ++c) v = _mm_add_pd(v, _mm_mul_pd(_mm_loadu_pd(a + i + c * lda), tv[c]));
+                _mm_storeu_pd(&y[i], v);
+            }
+        }
+    }
+    for (; i < m; ++i) {
         T v = a[i] * t[0] + y[i];
         for (int c = 1; c < C; ++c) v = v + a[i + c * lda] * t[c];
         y[i] = v;
