@@ -18,11 +18,12 @@ report=${1:-$results/performance.md}
 
 cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
   -DORV_BUILD_TESTS=OFF -DORV_BUILD_EXAMPLES=OFF -DORV_BUILD_BENCH=ON >/dev/null
-cmake --build "$build" -j "$jobs" --target orv_bench_level1 orv_bench_gemm orv_bench_level3 orvinfo >/dev/null
+cmake --build "$build" -j "$jobs" --target orv_bench_level1 orv_bench_level2 orv_bench_gemm orv_bench_level3 orvinfo >/dev/null
 mkdir -p "$results"
 rm -f "$results"/*.md "$results"/*.log
 
 level1=$build/bin/orv_bench_level1
+level2=$build/bin/orv_bench_level2
 gemm=$build/bin/orv_bench_gemm
 level3=$build/bin/orv_bench_level3
 orvinfo=$build/bin/orvinfo
@@ -66,6 +67,9 @@ run() {
 
 l1_sizes=1000,100000,10000000
 l1_opts=(--benchmark_min_time=0.1 --benchmark_repetitions=3)
+l2_sizes=500,2000,4000,8000
+# GEMV rows report the fastest of three repetitions, for both libraries.
+l2_opts=(--benchmark_min_time=0.2 --benchmark_repetitions=3)
 gemm_sizes=8,16,32,64,128,256,500,1000,2000,4000
 gemm_shapes=2000x2000x64,64x2000x2000,2000x64x2000
 # dgemm rows report the fastest of three repetitions, for both libraries.
@@ -82,6 +86,9 @@ run l1_haswell "Level 1, default path, 1 thread, OpenBLAS Haswell kernels" OPENB
   -- "$level1" --sizes=$l1_sizes --threads=1 "${l1_opts[@]}"
 run l1_threads2 "Level 1, default path, 2 threads, OpenBLAS choosing its own kernels" \
   -- "$level1" --sizes=10000000 --threads=2 "${l1_opts[@]}"
+
+run l2_default "Level 2 GEMV, default path, 1 and 2 threads, OpenBLAS choosing its own kernels" \
+  -- "$level2" --sizes=$l2_sizes --incs=1,2 --threads=1,2 "${l2_opts[@]}"
 
 run gemm_avx2 "DGEMM, default path (avx2), 1 thread, OpenBLAS Haswell" OPENBLAS_CORETYPE=Haswell \
   -- "$gemm" --sizes=$gemm_sizes --shapes=$gemm_shapes --trans=NN,NT,TN,TT "${gemm_opts[@]}"

@@ -1,8 +1,10 @@
 // Level-2 exports: each is its shape's entry sequence (level2_shapes.h)
-// around its dispatched family member.
+// around its threaded driver or, where the routine has none, its dispatched
+// family member.
 
 #include "interface/level2_shapes.h"
 #include "level2/dispatch.h"
+#include "level2/gemv_driver.h"
 #include "orv.h"
 
 using orv::Level2Kernels;
@@ -12,13 +14,13 @@ using orv::Level2Kernels;
 extern "C" void dgemv_(const char* trans, const int* m, const int* n, const double* alpha, const double* a,
                        const int* lda, const double* x, const int* incx, const double* beta, double* y, const int* incy)
 {
-    orv::gemv_shape<&Level2Kernels::dgemv>("DGEMV ", trans, m, n, alpha, a, lda, x, incx, beta, y, incy);
+    orv::gemv_shape<orv_blas_dgemv>("DGEMV ", trans, m, n, alpha, a, lda, x, incx, beta, y, incy);
 }
 
 extern "C" void zgemv_(const char* trans, const int* m, const int* n, const void* alpha, const void* a, const int* lda,
                        const void* x, const int* incx, const void* beta, void* y, const int* incy)
 {
-    orv::gemv_shape<&Level2Kernels::zgemv>("ZGEMV ", trans, m, n, alpha, a, lda, x, incx, beta, y, incy);
+    orv::gemv_shape<orv_blas_zgemv>("ZGEMV ", trans, m, n, alpha, a, lda, x, incx, beta, y, incy);
 }
 
 extern "C" void dgbmv_(const char* trans, const int* m, const int* n, const int* kl, const int* ku, const double* alpha,

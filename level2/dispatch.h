@@ -1,14 +1,15 @@
 // The dispatched families of the matrix-vector engine: one slot per routine.
 #pragma once
 
+#include "level2/gemv_kernel.h"
 #include "level2/level2.h"
 #include "service/dispatch.h"
 
 namespace orv {
 
 struct Level2Kernels {
-    decltype(&plain::dgemv) dgemv;
-    decltype(&plain::zgemv) zgemv;
+    GemvKernel<double> dgemv;
+    GemvKernel<dcomplex> zgemv;
     decltype(&plain::dgbmv) dgbmv;
     decltype(&plain::zgbmv) zgbmv;
     decltype(&plain::dger) dger;

@@ -1,4 +1,5 @@
-// General matrix-vector product, full storage.
+// General matrix-vector product, full storage: the single-precision members
+// (the double-precision ones have kernels per code path, level2/kernels/).
 
 #include "level2/general_mv.h"
 #include "level2/level2.h"
@@ -28,20 +29,8 @@ void sgemv(const char* trans, const i64* m, const i64* n, const float* alpha, co
     l2::gemv(trans, m, n, alpha, a, lda, x, incx, beta, y, incy);
 }
 
-void dgemv(const char* trans, const i64* m, const i64* n, const double* alpha, const double* a, const i64* lda,
-           const double* x, const i64* incx, const double* beta, double* y, const i64* incy)
-{
-    l2::gemv(trans, m, n, alpha, a, lda, x, incx, beta, y, incy);
-}
-
 void cgemv(const char* trans, const i64* m, const i64* n, const fcomplex* alpha, const fcomplex* a, const i64* lda,
            const fcomplex* x, const i64* incx, const fcomplex* beta, fcomplex* y, const i64* incy)
-{
-    l2::gemv(trans, m, n, alpha, a, lda, x, incx, beta, y, incy);
-}
-
-void zgemv(const char* trans, const i64* m, const i64* n, const dcomplex* alpha, const dcomplex* a, const i64* lda,
-           const dcomplex* x, const i64* incx, const dcomplex* beta, dcomplex* y, const i64* incy)
 {
     l2::gemv(trans, m, n, alpha, a, lda, x, incx, beta, y, incy);
 }

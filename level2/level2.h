@@ -17,12 +17,8 @@ namespace orv::plain {
 // y := alpha * op(A) * x + beta * y
 void sgemv(const char* trans, const i64* m, const i64* n, const float* alpha, const float* a, const i64* lda,
            const float* x, const i64* incx, const float* beta, float* y, const i64* incy);
-void dgemv(const char* trans, const i64* m, const i64* n, const double* alpha, const double* a, const i64* lda,
-           const double* x, const i64* incx, const double* beta, double* y, const i64* incy);
 void cgemv(const char* trans, const i64* m, const i64* n, const fcomplex* alpha, const fcomplex* a, const i64* lda,
            const fcomplex* x, const i64* incx, const fcomplex* beta, fcomplex* y, const i64* incy);
-void zgemv(const char* trans, const i64* m, const i64* n, const dcomplex* alpha, const dcomplex* a, const i64* lda,
-           const dcomplex* x, const i64* incx, const dcomplex* beta, dcomplex* y, const i64* incy);
 
 // y := alpha * op(A) * x + beta * y, A an m x n band matrix with kl sub- and ku super-diagonals.
 void sgbmv(const char* trans, const i64* m, const i64* n, const i64* kl, const i64* ku, const float* alpha,

@@ -233,6 +233,8 @@ MemoryTotals thread_memory_totals()
 
 }  // namespace mm
 
+AllocationRefusal allocation_refusal = nullptr;
+
 void* orv_malloc_uncached(std::size_t size, int alignment)
 {
     if (size < 1) return nullptr;
@@ -244,6 +246,7 @@ void* orv_malloc_uncached(std::size_t size, int alignment)
 void* orv_malloc(std::size_t size, int alignment)
 {
     if (size == 0) return nullptr;
+    if (__builtin_expect(allocation_refusal != nullptr, 0) && allocation_refusal(size, alignment)) return nullptr;
     if (mm::cache_disabled() || size > mm::kLargestCachedSize) return orv_malloc_uncached(size, alignment);
     const unsigned index = mm::thread_index(true);
     mm::ThreadRecord* record = mm::record_for(index);

@@ -23,6 +23,13 @@ void orv_free(void* p);
 // Like orv_malloc, but never from or into the cache.
 void* orv_malloc_uncached(std::size_t size, int alignment);
 
+// Withholds every block of orv_malloc (the engines' scratch buffers) for which
+// it answers true, as if memory were exhausted: a hook that only the library's
+// own tests set, to reach the fallbacks of the buffers' callers. Null
+// otherwise, which costs one test per allocation.
+using AllocationRefusal = bool (*)(std::size_t size, int alignment);
+extern AllocationRefusal allocation_refusal;
+
 // Whether the per-thread cache is in use (ORV_DISABLE_FAST_MM unset or empty).
 bool fast_mm_enabled();
 

@@ -15,6 +15,4 @@ i64 parts_for(const Split& split, i64 n, bool splittable)
     return worth < threads ? worth : threads;
 }
 
-PartialsRefusal partials_refusal = nullptr;
-
 }  // namespace orv::frame

@@ -64,22 +64,30 @@ inline Chunk chunk_of(i64 n, i64 team, i64 t)
 // the vector is long enough.
 i64 parts_for(const Split& split, i64 n, bool splittable);
 
-// Runs work(chunk, t) on every thread t of a team asked to be `parts`
-// strong; returns the team size granted. The chunks are cut for the granted
-// team, which may be smaller (nested inside an active region, a thread
-// limit); a region the runtime does not fork runs serialized on this thread.
+// Runs work(t, team) on every thread t of one team asked to be `threads`
+// strong, `team` being the size the runtime granted, which may be smaller
+// (nested inside an active region, a thread limit); a region the runtime does
+// not fork runs serialized on this thread. Returns the team size granted.
 template <typename Work>
-int run_team(i64 n, i64 parts, const Work& work)
+int run_region(i64 threads, const Work& work)
 {
     int granted = 1;
-#pragma omp parallel num_threads(static_cast<int>(parts))
+#pragma omp parallel num_threads(static_cast<int>(threads))
     {
         const int team = omp_get_num_threads();
         const int t = omp_get_thread_num();
         if (t == 0) granted = team;
-        work(chunk_of(n, team, t), t);
+        work(t, team);
     }
     return granted;
+}
+
+// Runs work(chunk, t) on every thread t of a team asked to be `parts`
+// strong, the chunks cut for the team granted; returns its size.
+template <typename Work>
+int run_team(i64 n, i64 parts, const Work& work)
+{
+    return run_region(parts, [&](int t, int team) { work(chunk_of(n, team, t), t); });
 }
 
 // An operation without a result: each chunk's kernel call writes only its
@@ -99,22 +107,12 @@ void update(const Split& split, i64 n, bool splittable, const Kernel& kernel)
 // threads, from the memory manager above.
 inline constexpr i64 kStackEntries = 512;
 
-// Withholds the memory manager's partial array of `parts` entries when it
-// answers true, as if there were no memory: a hook that only the library's
-// own tests set. Null otherwise, which costs one test on the rare heap road.
-using PartialsRefusal = bool (*)(i64 parts);
-extern PartialsRefusal partials_refusal;
-
 template <typename Entry>
 class Partials {
 public:
     Partials(i64 parts, const char* caller) : data_(local_)
     {
         if (parts <= kStackEntries) return;
-        if (partials_refusal != nullptr && partials_refusal(parts)) {
-            data_ = nullptr;
-            return;
-        }
         data_ = static_cast<Entry*>(orv_malloc(static_cast<std::size_t>(parts) * sizeof(Entry), 128));
         heap_ = true;
         if (alloc_failed(data_, caller)) data_ = nullptr;

@@ -93,6 +93,46 @@ TYPED_TEST(Level2Mv, GeneralFullAndBand)
                     }
 }
 
+// The general product alone, on shapes at the edges of the kernels' blocks
+// (columns in 8/4/1 and 4/1, rows in vectors of up to 8 and pairs of them,
+// strips of 1024 rows, blocks of 512 rows for a strided x) and of the
+// thresholds at which the work is shared out: 64 rows or columns, shares of
+// 64 (32 complex) per thread, and the long, thin shapes whose partial products
+// are summed (10000 by fewer than 101, complex 5000 by fewer than 51).
+TYPED_TEST(Level2Mv, GeneralEdgesAndThreadedShapes)
+{
+    using T = TypeParam;
+    const std::vector<std::pair<long, long>> shapes = {
+        {17, 13}, {33, 12}, {15, 9}, {1, 17}, {31, 4}, {63, 64}, {64, 63}, {127, 128}, {128, 127},
+        {130, 50}, {1000, 2}, {100, 300}, {511, 7}, {513, 5}, {1025, 9}, {1024, 3},
+        {kComplex<T> ? 40L : 50L, kComplex<T> ? 5000L : 10000L},
+        {kComplex<T> ? 5000L : 10000L, kComplex<T> ? 50L : 100L}};
+    Rng rng(13);
+    int count = 0;
+    for (const auto& [m, n] : shapes)
+        for (const char op : {'N', 'T', 'C'})
+            for (const auto& [incx, incy] : kIncrements)
+                for (std::size_t p = 0; p < scalar_pairs<T>().size(); ++p) {
+                    // The long shapes with an exact-zero beta and with general scalars only.
+                    if (m * n > 100000 && p != 1 && p != 4) continue;
+                    const auto [alpha, beta] = scalar_pairs<T>()[p];
+                    ++count;
+                    const char trans = letter(op, count % 2 != 0);
+                    Matrix<T> a(Storage::full(m, n, m + count % 3));
+                    const int im = m, in = n, lda = a.s.ld, ix = incx, iy = incy;
+                    auto call = [&](const T* pa, const T* px, T* py) {
+                        if constexpr (kComplex<T>) zgemv_(&trans, &im, &in, &alpha, pa, &lda, px, &ix, &beta, py, &iy);
+                        else dgemv_(&trans, &im, &in, &alpha, pa, &lda, px, &ix, &beta, py, &iy);
+                    };
+                    const auto r = check_mv(rng, a, Meaning::kGeneral, op, incx, incy, alpha, beta, call);
+                    if (!r) {
+                        ADD_FAILURE() << "trans " << trans << ' ' << a.s.describe() << " incx " << incx << " incy "
+                                      << incy << " alpha " << alpha << " beta " << beta << ": " << r.message();
+                        return;
+                    }
+                }
+}
+
 // dsymv/zhemv, dsbmv/zhbmv, dspmv/zhpmv: the stored triangle stands for the
 // whole symmetric (Hermitian) matrix.
 TYPED_TEST(Level2Mv, SymmetricFullBandPacked)

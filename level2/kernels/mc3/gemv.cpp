@@ -1,0 +1,10 @@
+// General matrix-vector kernels: the mc3 code path's instance of the shared kernels.
+#include "level1/kernels/mc3/vec.h"
+#include "level2/gemv_kernel.h"
+#include "service/memory.h"
+
+namespace orv::mc3 {
+
+#include "level2/kernels/gemv.inc"
+
+}  // namespace orv::mc3
