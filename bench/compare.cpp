@@ -403,6 +403,26 @@ std::vector<std::string> split(const std::string& text, char sep)
 }
 
 // "8,16,1000" or ranges "4-32".
+std::vector<int> parse_threads(const std::string& text)
+{
+    std::vector<int> threads;
+    for (long t : parse_list(text)) threads.push_back(static_cast<int>(t));
+    return threads;
+}
+
+int print_run_header(const RefBlas& ref, std::string* peak)
+{
+    const int path = expected_orv_path();
+    std::printf("machine: %s\n", machine_description().c_str());
+    std::printf("ORV code path asked for by the environment: %d (%s)", path, path_name(path));
+    if (peak != nullptr) {
+        if (peak->empty()) *peak = peak_for_path(path);
+        std::printf("; fraction of peak against %s", peak->c_str());
+    }
+    std::printf("\n%s\n", ref.describe().c_str());
+    return path;
+}
+
 std::vector<long> parse_list(const std::string& text)
 {
     std::vector<long> values;

@@ -183,6 +183,24 @@ std::string take_option(int* argc, char** argv, const std::string& name, const s
 bool take_flag(int* argc, char** argv, const std::string& name);
 std::vector<long> parse_list(const std::string& text);
 std::vector<std::string> split(const std::string& text, char sep);
+// The thread counts of a list option ("1,2").
+std::vector<int> parse_threads(const std::string& text);
+
+// The routines of `all` that `wanted` names, in the order of `all`.
+template <class Routine>
+std::vector<Routine> named(const std::vector<Routine>& all, const std::vector<std::string>& wanted)
+{
+    std::vector<Routine> picked;
+    for (const Routine& r : all)
+        for (const std::string& w : wanted)
+            if (w == r.name) picked.push_back(r);
+    return picked;
+}
+
+// Prints the machine, the code path the environment asks ORV for and the
+// comparison library, and returns the path. With `peak`, an empty one
+// becomes the path's peak loop, named as what fractions of peak are of.
+int print_run_header(const RefBlas& ref, std::string* peak = nullptr);
 
 std::string format_fixed(double value, int digits);
 

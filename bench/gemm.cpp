@@ -238,9 +238,6 @@ int main(int argc, char** argv)
 
     bench::prepare_orv_environment();
     const RefBlas& ref = bench::load_ref(threads);
-    const int path = bench::expected_orv_path();
-    if (peak.empty()) peak = bench::peak_for_path(path);
-
     std::vector<Case> cases;
     for (const std::string& t : trans) {
         if (t.size() != 2) continue;
@@ -252,10 +249,7 @@ int main(int argc, char** argv)
         }
     }
 
-    std::printf("machine: %s\n", bench::machine_description().c_str());
-    std::printf("ORV code path asked for by the environment: %d (%s); fraction of peak against %s\n", path,
-                bench::path_name(path), peak.c_str());
-    std::printf("%s\n", ref.describe().c_str());
+    const int path = bench::print_run_header(ref, &peak);
     if (ref.loaded()) check_agreement(trans, ref);
 
     bench::register_peak_loops();

@@ -287,8 +287,7 @@ std::string summary(const bench::CollectingReporter& rep, const std::vector<Rout
 int main(int argc, char** argv)
 {
     const std::vector<long> sizes = bench::parse_list(bench::take_option(&argc, argv, "sizes", "1000,100000,10000000"));
-    std::vector<int> threads;
-    for (long t : bench::parse_list(bench::take_option(&argc, argv, "threads", "1"))) threads.push_back(static_cast<int>(t));
+    const std::vector<int> threads = bench::parse_threads(bench::take_option(&argc, argv, "threads", "1"));
     const std::vector<std::string> wanted =
         bench::split(bench::take_option(&argc, argv, "routines", "ddot,daxpy,dscal,dcopy,dasum,idamax,dnrm2,zdotc,zaxpy"), ',');
     const std::string summary_out = bench::take_option(&argc, argv, "summary_out", "");
@@ -301,17 +300,9 @@ int main(int argc, char** argv)
     for (int t : threads) max_threads = std::max(max_threads, t);
     const RefBlas& ref = bench::load_ref(max_threads);
 
-    std::vector<Routine> routines;
-    for (Routine& r : make_routines(ref)) {
-        for (const std::string& w : wanted) {
-            if (w == r.name) routines.push_back(r);
-        }
-    }
+    const std::vector<Routine> routines = bench::named(make_routines(ref), wanted);
 
-    std::printf("machine: %s\n", bench::machine_description().c_str());
-    const int path = bench::expected_orv_path();
-    std::printf("ORV code path asked for by the environment: %d (%s)\n", path, bench::path_name(path));
-    std::printf("%s\n", ref.describe().c_str());
+    bench::print_run_header(ref);
     if (ref.loaded()) check_agreement(routines, ref);
 
     // Registration order is run order: per size, the reference loops, then

@@ -216,9 +216,7 @@ int main(int argc, char** argv)
 {
     const std::vector<long> sizes = bench::parse_list(bench::take_option(&argc, argv, "sizes", "500,2000,4000,8000"));
     const std::vector<long> incs = bench::parse_list(bench::take_option(&argc, argv, "incs", "1,2"));
-    std::vector<int> threads;
-    for (long t : bench::parse_list(bench::take_option(&argc, argv, "threads", "1,2")))
-        threads.push_back(static_cast<int>(t));
+    const std::vector<int> threads = bench::parse_threads(bench::take_option(&argc, argv, "threads", "1,2"));
     const std::vector<std::string> wanted =
         bench::split(bench::take_option(&argc, argv, "routines", "dgemv_n,dgemv_t,zgemv_n,zgemv_c"), ',');
     const std::string summary_out = bench::take_option(&argc, argv, "summary_out", "");
@@ -231,15 +229,9 @@ int main(int argc, char** argv)
     for (int t : threads) max_threads = std::max(max_threads, t);
     const RefBlas& ref = bench::load_ref(max_threads);
 
-    std::vector<Routine> routines;
-    for (const Routine& r : make_routines(ref))
-        for (const std::string& w : wanted)
-            if (w == r.name) routines.push_back(r);
+    const std::vector<Routine> routines = bench::named(make_routines(ref), wanted);
 
-    std::printf("machine: %s\n", bench::machine_description().c_str());
-    const int path = bench::expected_orv_path();
-    std::printf("ORV code path asked for by the environment: %d (%s)\n", path, bench::path_name(path));
-    std::printf("%s\n", ref.describe().c_str());
+    bench::print_run_header(ref);
     if (ref.loaded()) check_agreement(routines, incs);
 
     // Registration order is run order: per size the streaming reads of the
