@@ -1,7 +1,6 @@
-// The single-thread real product: block sizes, the tile chooser, the road
-// each code path takes, the packed layouts, the blocked driver over every
-// tile this processor can run, and the unpacked fall-back when no buffer can
-// be had. Then the triangular solve built on the same pieces, real and
+// The single-thread real product: the k-blocks, the road each code path
+// takes, the packed layouts, the blocked driver over every tile this
+// processor can run, and the unpacked fall-back when no buffer can be had. Then the triangular solve built on the same pieces, real and
 // complex: its roads, its blocked drivers and its fall-back.
 //
 // Inputs are coarse values (12 significant bits), so every sum here is exact
@@ -203,56 +202,7 @@ void run_driver(const GemmPath& path, int tile_mode, Product& p, bool small_bloc
     orv::release_buffer(&blocks);
 }
 
-// ---- Block sizes and the tile ----------------------------------------------
-
-TEST(GemmBlocks, SizesFollowTheShapeAndTheTile)
-{
-    const struct {
-        int mr, nr;
-        i64 m, n, k;
-        i64 mc, nc, kc;
-    } cases[] = {
-        {12, 4, 100, 100, 300, 108, 100, 150},   // k in 257..383: two near-equal halves
-        {12, 4, 100, 100, 383, 108, 100, 191},
-        {12, 4, 100, 100, 384, 108, 100, 192},   // from 384 on: blocks of 192
-        {12, 4, 100, 100, 100, 108, 100, 128},   // up to 256: one block of at least 128
-        {12, 4, 100, 10, 256, 108, 12, 256},
-        {12, 4, 100, 10, 257, 108, 12, 128},
-        {12, 4, 5, 1, 1000, 12, 4, 192},         // at least one tile each way
-        {12, 4, 5001, 1000, 47, 5004, 24, 128},  // at most 5000 rows; 24 columns for shallow k
-        {8, 28, 5001, 30, 47, 5000, 28, 128},
-        {24, 8, 7, 5, 48, 24, 8, 128},
-        {8, 6, 4999, 200, 50, 5000, 192, 128},
-        {8, 28, 10, 1000, 48, 16, 196, 128},
-    };
-    for (const auto& t : cases) {
-        const orv::KernelParams params = params_for(t.mr, t.nr);
-        orv::BlockPlan plan;
-        orv::standard_block_sizes(t.m, t.n, t.k, &params, &plan);
-        EXPECT_EQ(plan.mc, t.mc) << t.mr << "x" << t.nr << " m=" << t.m << " n=" << t.n << " k=" << t.k;
-        EXPECT_EQ(plan.nc, t.nc) << t.mr << "x" << t.nr << " m=" << t.m << " n=" << t.n << " k=" << t.k;
-        EXPECT_EQ(plan.kc, t.kc) << t.mr << "x" << t.nr << " m=" << t.m << " n=" << t.n << " k=" << t.k;
-        EXPECT_EQ(plan.a.panel_stride, t.mr * t.kc);
-        EXPECT_EQ(plan.b.panel_stride, t.nr * t.kc);
-    }
-    {
-        // Complex elements: a slice of B as many bytes wide as a real one.
-        orv::KernelParams complex = params_for(4, 3);
-        complex.elem_bytes = 16;
-        orv::BlockPlan plan;
-        orv::standard_block_sizes(100, 1000, 1000, &complex, &plan);
-        EXPECT_EQ(plan.nc, 96);
-    }
-    orv::KernelParams params = params_for(4, 4);
-    params.b_copies = 2;  // a tile that reads B values in pairs gets a B block twice as wide
-    orv::BlockPlan plan;
-    orv::combined_block_sizes(10000, 1000, 1000, &params, &plan);
-    EXPECT_EQ(plan.mc, 4992);
-    EXPECT_EQ(plan.nc, 128);
-    EXPECT_EQ(plan.kc, 256);
-    EXPECT_EQ(plan.b.cols, 256);
-    EXPECT_EQ(plan.b.panel_stride, 8 * 256);
-}
+// ---- Blocks ------------------------------------------------------------------
 
 // The k-blocks the driver walks: blocks of kc, a short tail joined to the last.
 TEST(GemmBlocks, DepthsCoverTheInnerDimension)
@@ -306,32 +256,6 @@ TEST(GemmBlocks, EveryRoadCanTakeTheRulesDepths)
             }
         }
     }
-}
-
-TEST(GemmTile, ChooserSettlesTheTileOfTheMode)
-{
-    const orv::GemmTile& standard = orv::avx2::kGemmTile;
-    const orv::GemmTile& alternative = orv::avx2::kGemmTileAlt;
-    orv::KernelParams p;
-    orv::init_kernel_params(&p, standard, nullptr, sizeof(double));
-    EXPECT_EQ(orv::settle_tile(&p, standard, alternative), 1);
-    EXPECT_EQ(p.loop_order, orv::kLoopOrderDefault);
-    EXPECT_EQ(p.tile_mode, orv::kTileModeDefault);
-
-    p.tile_mode = orv::kTileModeAlternative;
-    EXPECT_EQ(orv::settle_tile(&p, standard, alternative), 0);
-    EXPECT_EQ(p.mr, alternative.mr);
-    EXPECT_EQ(p.nr, alternative.nr);
-    EXPECT_EQ(p.loop_order, orv::kLoopOrderAlternative);
-    EXPECT_EQ(orv::settle_tile(&p, standard, alternative), 1);
-
-    p = orv::KernelParams{};
-    p.mr = 3;
-    p.nr = 3;
-    p.ku = 1;
-    EXPECT_EQ(orv::settle_tile(&p, standard, alternative), 0);
-    EXPECT_EQ(p.mr, standard.mr);
-    EXPECT_EQ(p.nr, standard.nr);
 }
 
 // ---- Routing ---------------------------------------------------------------
@@ -442,25 +366,6 @@ TEST(GemmRouting, MembersTakeTheirRoad)
 }
 
 // ---- Packing ---------------------------------------------------------------
-
-// Panel widths of a block: full panels, then the remainder's binary digits.
-TEST(GemmPack, PanelWidths)
-{
-    const struct {
-        i64 count, full;
-        std::vector<i64> widths;
-    } cases[] = {
-        {13, 12, {12, 1}},      {11, 12, {8, 2, 1}},       {35, 12, {12, 12, 8, 2, 1}},
-        {7, 4, {4, 2, 1}},      {23, 24, {16, 4, 2, 1}},   {27, 28, {16, 8, 2, 1}},
-        {5, 6, {4, 1}},         {3, 4, {2, 1}},            {0, 4, {}},
-    };
-    for (const auto& t : cases) {
-        std::vector<i64> widths;
-        for (i64 done = 0; done < t.count; done += widths.back())
-            widths.push_back(orv::next_panel_width(t.count - done, t.full));
-        EXPECT_EQ(widths, t.widths) << t.count << " by " << t.full;
-    }
-}
 
 // Where element (r, l) of a block lies once packed, for panels of `widths`.
 i64 packed_index(const std::vector<i64>& widths, i64 depth, i64 r, i64 l)
