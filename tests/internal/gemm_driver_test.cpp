@@ -1,7 +1,8 @@
 // The single-thread real product: the k-blocks, the road each code path
 // takes, the packed layouts, the blocked driver over every tile this
-// processor can run, and the unpacked fall-back when no buffer can be had. Then the triangular solve built on the same pieces, real and
-// complex: its roads, its blocked drivers and its fall-back.
+// processor can run, and the unpacked fall-back when no buffer can be had.
+// Then the triangular solve built on the same pieces, real and complex: its
+// roads, its blocked drivers and its fall-back.
 //
 // Inputs are coarse values (12 significant bits), so every sum here is exact
 // whatever its order: results are compared bit for bit.
