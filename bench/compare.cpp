@@ -76,6 +76,8 @@ const RefBlas& load_ref(int max_threads)
     ok &= resolve(handle, "zaxpy_", &r.zaxpy, true);
     ok &= resolve(handle, "dgemv_", &r.dgemv, true);
     ok &= resolve(handle, "zgemv_", &r.zgemv, true);
+    ok &= resolve(handle, "dger_", &r.dger, true);
+    ok &= resolve(handle, "zgerc_", &r.zgerc, true);
     ok &= resolve(handle, "dgemm_", &r.dgemm, true);
     ok &= resolve(handle, "zgemm_", &r.zgemm, true);
     ok &= resolve(handle, "dtrsm_", &r.dtrsm, true);

@@ -5,6 +5,7 @@
 #include "interface/level2_shapes.h"
 #include "level2/dispatch.h"
 #include "level2/gemv_driver.h"
+#include "level2/ger_driver.h"
 #include "orv.h"
 
 using orv::Level2Kernels;
@@ -42,19 +43,19 @@ extern "C" void zgbmv_(const char* trans, const int* m, const int* n, const int*
 extern "C" void dger_(const int* m, const int* n, const double* alpha, const double* x, const int* incx,
                       const double* y, const int* incy, double* a, const int* lda)
 {
-    orv::ger_shape<&Level2Kernels::dger>("DGER  ", m, n, alpha, x, incx, y, incy, a, lda);
+    orv::ger_shape<orv_blas_dger>("DGER  ", m, n, alpha, x, incx, y, incy, a, lda);
 }
 
 extern "C" void zgeru_(const int* m, const int* n, const void* alpha, const void* x, const int* incx, const void* y,
                        const int* incy, void* a, const int* lda)
 {
-    orv::ger_shape<&Level2Kernels::zgeru>("ZGERU ", m, n, alpha, x, incx, y, incy, a, lda);
+    orv::ger_shape<orv_blas_zgeru>("ZGERU ", m, n, alpha, x, incx, y, incy, a, lda);
 }
 
 extern "C" void zgerc_(const int* m, const int* n, const void* alpha, const void* x, const int* incx, const void* y,
                        const int* incy, void* a, const int* lda)
 {
-    orv::ger_shape<&Level2Kernels::zgerc>("ZGERC ", m, n, alpha, x, incx, y, incy, a, lda);
+    orv::ger_shape<orv_blas_zgerc>("ZGERC ", m, n, alpha, x, incx, y, incy, a, lda);
 }
 
 // Symmetric and Hermitian matrix-vector products.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "level2/gemv_kernel.h"
+#include "level2/ger_kernel.h"
 #include "level2/level2.h"
 #include "service/dispatch.h"
 
@@ -12,9 +13,9 @@ struct Level2Kernels {
     GemvKernel<dcomplex> zgemv;
     decltype(&plain::dgbmv) dgbmv;
     decltype(&plain::zgbmv) zgbmv;
-    decltype(&plain::dger) dger;
-    decltype(&plain::zgeru) zgeru;
-    decltype(&plain::zgerc) zgerc;
+    GerKernel<double> dger;
+    GerKernel<dcomplex> zgeru;
+    GerKernel<dcomplex> zgerc;
     decltype(&plain::dsymv) dsymv;
     decltype(&plain::zhemv) zhemv;
     decltype(&plain::dsbmv) dsbmv;

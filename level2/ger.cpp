@@ -32,32 +32,14 @@ void sger(const i64* m, const i64* n, const float* alpha, const float* x, const 
     l2::rank1<false>(*m, *n, *alpha, x, *incx, y, *incy, a, *lda);
 }
 
-void dger(const i64* m, const i64* n, const double* alpha, const double* x, const i64* incx, const double* y,
-          const i64* incy, double* a, const i64* lda)
-{
-    l2::rank1<false>(*m, *n, *alpha, x, *incx, y, *incy, a, *lda);
-}
-
 void cgeru(const i64* m, const i64* n, const fcomplex* alpha, const fcomplex* x, const i64* incx, const fcomplex* y,
            const i64* incy, fcomplex* a, const i64* lda)
 {
     l2::rank1<false>(*m, *n, *alpha, x, *incx, y, *incy, a, *lda);
 }
 
-void zgeru(const i64* m, const i64* n, const dcomplex* alpha, const dcomplex* x, const i64* incx, const dcomplex* y,
-           const i64* incy, dcomplex* a, const i64* lda)
-{
-    l2::rank1<false>(*m, *n, *alpha, x, *incx, y, *incy, a, *lda);
-}
-
 void cgerc(const i64* m, const i64* n, const fcomplex* alpha, const fcomplex* x, const i64* incx, const fcomplex* y,
            const i64* incy, fcomplex* a, const i64* lda)
-{
-    l2::rank1<true>(*m, *n, *alpha, x, *incx, y, *incy, a, *lda);
-}
-
-void zgerc(const i64* m, const i64* n, const dcomplex* alpha, const dcomplex* x, const i64* incx, const dcomplex* y,
-           const i64* incy, dcomplex* a, const i64* lda)
 {
     l2::rank1<true>(*m, *n, *alpha, x, *incx, y, *incy, a, *lda);
 }

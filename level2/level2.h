@@ -37,16 +37,10 @@ void zgbmv(const char* trans, const i64* m, const i64* n, const i64* kl, const i
 // A := alpha * x * y^T + A (gerc: alpha * x * y^H + A)
 void sger(const i64* m, const i64* n, const float* alpha, const float* x, const i64* incx, const float* y,
           const i64* incy, float* a, const i64* lda);
-void dger(const i64* m, const i64* n, const double* alpha, const double* x, const i64* incx, const double* y,
-          const i64* incy, double* a, const i64* lda);
 void cgeru(const i64* m, const i64* n, const fcomplex* alpha, const fcomplex* x, const i64* incx, const fcomplex* y,
            const i64* incy, fcomplex* a, const i64* lda);
-void zgeru(const i64* m, const i64* n, const dcomplex* alpha, const dcomplex* x, const i64* incx, const dcomplex* y,
-           const i64* incy, dcomplex* a, const i64* lda);
 void cgerc(const i64* m, const i64* n, const fcomplex* alpha, const fcomplex* x, const i64* incx, const fcomplex* y,
            const i64* incy, fcomplex* a, const i64* lda);
-void zgerc(const i64* m, const i64* n, const dcomplex* alpha, const dcomplex* x, const i64* incx, const dcomplex* y,
-           const i64* incy, dcomplex* a, const i64* lda);
 
 // y := alpha * A * x + beta * y, A symmetric (Hermitian for the complex routines),
 // stored in its uplo triangle: full (symv, hemv), band (sbmv, hbmv) or packed (spmv, hpmv).

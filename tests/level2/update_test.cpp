@@ -63,11 +63,15 @@ TYPED_TEST_SUITE(Level2Update, ElementTypes);
 template <typename T>
 std::vector<T> alphas()
 {
-    if constexpr (kComplex<T>) return {0.0, 1.0, {0.75, -1.5}};
-    else return {0.0, 1.0, -0.75};
+    if constexpr (kComplex<T>) return {0.0, 1.0, -1.0, {0.375, -1.5}};
+    else return {0.0, 1.0, -1.0, 0.375};
 }
 
-const std::vector<std::pair<long, long>> kGerShapes = {{0, 2}, {2, 0}, {1, 1}, {3, 5}, {6, 2}, {17, 16}, {33, 40}};
+// Rows on either side of the vector loops' unrolled steps (up to 32 doubles);
+// columns on either side of the smallest team (128) and of the point where
+// eight threads stop taking fewer blocks than threads (256).
+const std::vector<std::pair<long, long>> kGerShapes = {{0, 2},  {2, 0},   {1, 1},   {3, 5},   {6, 2},  {17, 16},
+                                                       {33, 40}, {65, 3}, {2, 127}, {3, 128}, {1, 257}};
 
 // dger, zgeru, zgerc.
 TYPED_TEST(Level2Update, General)
@@ -146,6 +150,48 @@ TYPED_TEST(Level2Update, SymmetricFullAndPacked)
                                 return;
                             }
                         }
+}
+
+// Blocks of columns on several threads give the bits of one column at a
+// time: full-precision data, where any change in a column's operations would
+// show, and a zero y(j) beside NaN in x.
+TYPED_TEST(Level2Update, GeneralColumnBlocksMatchSingleColumns)
+{
+    using T = TypeParam;
+    Rng rng(23);
+    const long m = 21, lda = 22, incx = -1, incy = -3;
+    const int im = m, ilda = lda, ix = incx, iy = incy, one = 1;
+    auto ger = [&](int n, const T* alpha, const T* x, const T* y, T* a) {
+        if constexpr (kComplex<T>) zgerc_(&im, &n, alpha, x, &ix, y, &iy, a, &ilda);
+        else dger_(&im, &n, alpha, x, &ix, y, &iy, a, &ilda);
+    };
+    auto full = [&]() -> T {
+        if constexpr (kComplex<T>) return rng.zfull();
+        else return rng.full();
+    };
+    for (const long n : {128L, 257L, 1000L}) {
+        Vector<T> x(m, incx), y(n, incy);
+        Matrix<T> whole(Storage::full(m, n, lda)), single(Storage::full(m, n, lda));
+        for (long i = 0; i < m; ++i) x[i] = full();
+        for (long j = 0; j < n; ++j) y[j] = full();
+        x[4] = nan_value<T>();
+        y[n / 2] = T(0.0);
+        for (long j = 0; j < n; ++j)
+            for (long i = 0; i < m; ++i) whole.at(i, j) = single.at(i, j) = full();
+        const T alpha = full();
+        const auto before = whole.buf.snapshot();
+
+        ger(static_cast<int>(n), &alpha, x.buf.data(), y.buf.data(), whole.buf.data());
+        for (long j = 0; j < n; ++j)
+            ger(one, &alpha, x.buf.data(), &y[j], &single.at(0, j));
+
+        const auto got = whole.buf.snapshot(), want = single.buf.snapshot();
+        for (std::size_t p = 0; p < got.size(); ++p)
+            ASSERT_TRUE(orvtest::same_bits(got[p], want[p])) << "n " << n << " element " << p;
+        for (long i = 0; i < m; ++i)
+            EXPECT_TRUE(orvtest::same_bits(whole.at(i, n / 2), before[whole.s.index(i, n / 2) + Guarded<T>::kPad]))
+                << "n " << n << " skipped column, row " << i;
+    }
 }
 
 // A zero y(j) (x(j) for the symmetric rank-1 form) skips its column: NaN and

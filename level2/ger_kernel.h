@@ -1,0 +1,47 @@
+// Single-thread kernels of the general rank-1 update, one set per build,
+// reached through the dger, zgeru and zgerc slots of level2/dispatch.h.
+//
+// A kernel takes the standard routine's arguments by address (64-bit
+// integers), A := alpha*x*y^T + A (y conjugated for zgerc), plus a trailing
+// flag that the threaded driver sets to 0 and the kernel ignores. It returns
+// at once for m or n below 1 and for alpha = 0 (either sign; a NaN alpha
+// goes on). A column whose y(j) compares equal to zero is left untouched,
+// whatever x holds; every other column is a(:, j) := (alpha*y(j))*x + a(:, j)
+// by the same build's axpy kernel. A column's result therefore depends only
+// on the build, m, x, incx, alpha and y(j): never on which other columns
+// share the call.
+#pragma once
+
+#include "service/types.h"
+
+namespace orv {
+
+template <typename T>
+using GerKernel = void (*)(const i64* m, const i64* n, const T* alpha, const T* x, const i64* incx, const T* y,
+                           const i64* incy, T* a, const i64* lda, const i64* flag);
+
+// The reproducible build cnr uses def's kernels: the baseline axpy rounds
+// every element alike wherever the arrays lie.
+namespace def {
+#include "level2/kernels/ger_signatures.inc"
+}  // namespace def
+namespace mc {
+#include "level2/kernels/ger_signatures.inc"
+}  // namespace mc
+namespace mc3 {
+#include "level2/kernels/ger_signatures.inc"
+}  // namespace mc3
+namespace avx {
+#include "level2/kernels/ger_signatures.inc"
+}  // namespace avx
+namespace avx2 {
+#include "level2/kernels/ger_signatures.inc"
+}  // namespace avx2
+namespace avx512_qix {
+#include "level2/kernels/ger_signatures.inc"
+}  // namespace avx512_qix
+namespace avx512 {
+#include "level2/kernels/ger_signatures.inc"
+}  // namespace avx512
+
+}  // namespace orv

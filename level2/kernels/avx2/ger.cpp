@@ -1,0 +1,9 @@
+// Rank-1 update kernels: the avx2 code path's instance of the shared kernels.
+#include "level1/kernels.h"
+#include "level2/ger_kernel.h"
+
+namespace orv::avx2 {
+
+#include "level2/kernels/ger.inc"
+
+}  // namespace orv::avx2
