@@ -17,23 +17,10 @@ constexpr i64 kMinColumns = 128;
 // Up to this many columns a thread, fewer blocks than threads.
 constexpr i64 kColumnsPerBlock = 32;
 
-// The reproducibility mode admits a team: with no mode; never for the
-// compatible branch and those up to SSE4.1; with AUTO only on a processor
-// whose best branch lies beyond them.
-bool mode_admits_threads()
-{
-    const int branch = cbwr_get(1);
-    if (branch == kBranchNone) return true;
-    if (branch >= kBranchCompatible && branch <= kBranchSse41) return false;
-    if (branch != kBranchAuto) return true;
-    const int best = cbwr_best_branch();
-    return best < kBranchSse2 || best > kBranchSse41;
-}
-
 // How many blocks to cut the n columns into; 1 runs the kernel once here.
 i64 blocks_for(i64 n)
 {
-    if (n < kMinColumns || cpu_detect() < kPathMc || !cpu_tuned_paths_allowed() || !mode_admits_threads()) return 1;
+    if (n < kMinColumns || cpu_detect() < kPathMc || !cpu_tuned_paths_allowed() || !cbwr_admits_threads()) return 1;
     const i64 threads = get_max_threads_for_domain(kDomainBlas);
     if (threads <= 1) return 1;
     if (n <= kColumnsPerBlock * threads) return n / kColumnsPerBlock > 1 ? n / kColumnsPerBlock : 1;

@@ -104,6 +104,16 @@ int cbwr_best_branch()
     return cbwr_best_branch_for(1, path, path == kPathMc ? cpu_has_sse41() : 0);
 }
 
+bool cbwr_admits_threads()
+{
+    const int branch = cbwr_get(1);
+    if (branch == kBranchNone) return true;
+    if (branch >= kBranchCompatible && branch <= kBranchSse41) return false;
+    if (branch != kBranchAuto) return true;
+    const int best = cbwr_best_branch();
+    return best < kBranchSse2 || best > kBranchSse41;
+}
+
 int cbwr_parse_keyword(const char* value)
 {
     if (value == nullptr || value[0] == '\0') return 0;

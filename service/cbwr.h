@@ -34,6 +34,11 @@ int cbwr_best_branch();
 // The same rule over given answers.
 int cbwr_best_branch_for(int reference_vendor, int hardware_path, int has_sse41);
 
+// Whether the mode lets a level-2 routine use a team: with no mode; never
+// for the compatible branch and those up to SSE4.1; with AUTO only on a
+// processor whose best branch lies beyond them.
+bool cbwr_admits_threads();
+
 // The keyword code of an ORV_CBWR value: 0 when null or empty; after an
 // optional leading "BRANCH=", the code of the keyword that equals the rest
 // of the value exactly; 2 for "AUTO" and for anything unknown.
