@@ -105,6 +105,13 @@ const RefBlas& load_ref(int max_threads)
     return ref;
 }
 
+const RefBlas& load_ref(const std::vector<int>& threads)
+{
+    int most = 1;
+    for (int t : threads) most = t > most ? t : most;
+    return load_ref(most);
+}
+
 // ---------------------------------------------------------------------------
 // ORV settings.
 

@@ -92,6 +92,8 @@ struct RefBlas {
 // or a symbol is missing, prints why and returns an unloaded record: the
 // programs then skip the comparison rows.
 const RefBlas& load_ref(int max_threads);
+// The same for the largest of `threads`.
+const RefBlas& load_ref(const std::vector<int>& threads);
 
 // ---------------------------------------------------------------------------
 // ORV settings made before its first call.

@@ -248,9 +248,7 @@ int main(int argc, char** argv)
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
 
     bench::prepare_orv_environment();
-    int max_threads = 1;
-    for (int t : threads) max_threads = std::max(max_threads, t);
-    const RefBlas& ref = bench::load_ref(max_threads);
+    const RefBlas& ref = bench::load_ref(threads);
 
     const std::vector<Routine> routines = bench::named(make_routines(ref), wanted);
 

@@ -1,8 +1,7 @@
 // The dispatched families of the matrix-vector engine: one slot per routine.
 #pragma once
 
-#include "level2/gemv_kernel.h"
-#include "level2/ger_kernel.h"
+#include "level2/kernels.h"
 #include "level2/level2.h"
 #include "service/dispatch.h"
 

@@ -24,31 +24,4 @@ using GemvKernel = void (*)(const char* trans, const i64* m, const i64* n, const
 // many elements, one block of rows at a time.
 inline constexpr i64 kGemvPackedX = 512;
 
-// def is the baseline build; cnr its reproducible twin, whose results depend
-// neither on the processor nor on where the arrays lie.
-namespace def {
-#include "level2/kernels/gemv_signatures.inc"
-}  // namespace def
-namespace cnr {
-#include "level2/kernels/gemv_signatures.inc"
-}  // namespace cnr
-namespace mc {
-#include "level2/kernels/gemv_signatures.inc"
-}  // namespace mc
-namespace mc3 {
-#include "level2/kernels/gemv_signatures.inc"
-}  // namespace mc3
-namespace avx {
-#include "level2/kernels/gemv_signatures.inc"
-}  // namespace avx
-namespace avx2 {
-#include "level2/kernels/gemv_signatures.inc"
-}  // namespace avx2
-namespace avx512_qix {
-#include "level2/kernels/gemv_signatures.inc"
-}  // namespace avx512_qix
-namespace avx512 {
-#include "level2/kernels/gemv_signatures.inc"
-}  // namespace avx512
-
 }  // namespace orv

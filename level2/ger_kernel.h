@@ -20,28 +20,4 @@ template <typename T>
 using GerKernel = void (*)(const i64* m, const i64* n, const T* alpha, const T* x, const i64* incx, const T* y,
                            const i64* incy, T* a, const i64* lda, const i64* flag);
 
-// The reproducible build cnr uses def's kernels: the baseline axpy rounds
-// every element alike wherever the arrays lie.
-namespace def {
-#include "level2/kernels/ger_signatures.inc"
-}  // namespace def
-namespace mc {
-#include "level2/kernels/ger_signatures.inc"
-}  // namespace mc
-namespace mc3 {
-#include "level2/kernels/ger_signatures.inc"
-}  // namespace mc3
-namespace avx {
-#include "level2/kernels/ger_signatures.inc"
-}  // namespace avx
-namespace avx2 {
-#include "level2/kernels/ger_signatures.inc"
-}  // namespace avx2
-namespace avx512_qix {
-#include "level2/kernels/ger_signatures.inc"
-}  // namespace avx512_qix
-namespace avx512 {
-#include "level2/kernels/ger_signatures.inc"
-}  // namespace avx512
-
 }  // namespace orv

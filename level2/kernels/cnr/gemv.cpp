@@ -1,7 +1,7 @@
 // The reproducible build of the general matrix-vector kernels.
 // Its transposed form never peels a row for alignment, so its results depend
 // neither on the processor nor on where the arrays lie.
-#include "level2/gemv_kernel.h"
+#include "level2/kernels.h"
 #include "level2/kernels/gemv_baseline.h"
 
 namespace orv::cnr {

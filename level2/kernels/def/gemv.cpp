@@ -1,5 +1,5 @@
 // The baseline build of the general matrix-vector kernels.
-#include "level2/gemv_kernel.h"
+#include "level2/kernels.h"
 #include "level2/kernels/gemv_baseline.h"
 
 namespace orv::def {

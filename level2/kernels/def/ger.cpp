@@ -1,7 +1,7 @@
 // Rank-1 update kernels: the baseline build's instance of the shared
 // kernels, which the reproducible build shares.
 #include "level1/kernels.h"
-#include "level2/ger_kernel.h"
+#include "level2/kernels.h"
 
 namespace orv::def {
 
