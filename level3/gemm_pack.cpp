@@ -360,8 +360,7 @@ T diagonal_of(const MatrixDesc<T>& x, i64 i)
         return stored;
     }
     if (x.kind & kUnitDiagonal) return one_of<T>();
-    const T d = (x.kind & kStoredConjugated) ? conj(stored) : stored;
-    return (x.kind & kInvertedDiagonal) ? one_of<T>() / d : d;
+    return (x.kind & kStoredConjugated) ? conj(stored) : stored;
 }
 
 enum class Side { strictly_lower, strictly_upper };

@@ -24,7 +24,6 @@ inline constexpr int kNonUnitDiagonal = 32;   // triangular with the stored diag
 inline constexpr int kUnitDiagonal = 64;      // triangular, diagonal taken as ones and never read
 inline constexpr int kSymmetric = 128;        // the other triangle mirrors the stored one
 inline constexpr int kHermitian = 256;        // mirrored and conjugated; the diagonal's imaginary parts are zeros
-inline constexpr int kInvertedDiagonal = 512; // triangular, the reciprocal of each stored diagonal value
 
 template <class T>
 struct MatrixDesc;
@@ -56,7 +55,7 @@ T* transposed_addr(i64 i, i64 j, const MatrixDesc<T>* d)
     return d->base + j + i * d->ld;
 }
 
-inline constexpr int kShapeBits = kSymmetric | kHermitian | kNonUnitDiagonal | kUnitDiagonal | kInvertedDiagonal;
+inline constexpr int kShapeBits = kSymmetric | kHermitian | kNonUnitDiagonal | kUnitDiagonal;
 
 // True when the view reads its matrix transposed.
 template <class T>
