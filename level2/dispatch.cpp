@@ -1,63 +1,48 @@
-// Build tables of the matrix-vector engine.
+// Build tables of the matrix-vector engine: one per build, each pointing to
+// its own path's kernels. The families that have no build of their own yet
+// keep the plain loops, whose results depend neither on the processor nor on
+// the placement of the arrays.
 
 #include "level2/dispatch.h"
+
+// The members of a build whose kernels all lie in namespace `ns`.
+#define ORV_LEVEL2_TABLE(ns)                                                                                  \
+    Level2Kernels                                                                                             \
+    {                                                                                                         \
+        .dgemv = ns::dgemv, .zgemv = ns::zgemv, .dger = ns::dger, .zgeru = ns::zgeru, .zgerc = ns::zgerc,     \
+                                                                                                              \
+        .dsymv = plain::dsymv, .zhemv = plain::zhemv,                                                         \
+                                                                                                              \
+        .dtrmv = plain::dtrmv, .ztrmv = plain::ztrmv, .dtrsv = plain::dtrsv, .ztrsv = plain::ztrsv,           \
+                                                                                                              \
+        .dsyr = plain::dsyr, .dsyr2 = plain::dsyr2, .zher = plain::zher, .zher2 = plain::zher2,               \
+        .dspr = plain::dspr, .dspr2 = plain::dspr2, .zhpr = plain::zhpr, .zhpr2 = plain::zhpr2,               \
+                                                                                                              \
+        .dgbmv = plain::dgbmv, .zgbmv = plain::zgbmv, .dsbmv = plain::dsbmv, .zhbmv = plain::zhbmv,           \
+        .dspmv = plain::dspmv, .zhpmv = plain::zhpmv, .dtbmv = plain::dtbmv, .ztbmv = plain::ztbmv,           \
+        .dtbsv = plain::dtbsv, .ztbsv = plain::ztbsv, .dtpmv = plain::dtpmv, .ztpmv = plain::ztpmv,           \
+        .dtpsv = plain::dtpsv, .ztpsv = plain::ztpsv,                                                         \
+    }
 
 namespace orv {
 namespace {
 
-// A build's table: its own general matrix-vector and rank-1 update kernels,
-// and for the routines that have no build of their own yet the plain loops,
-// whose results depend neither on the processor nor on the placement of the
-// arrays.
-constexpr Level2Kernels table(GemvKernel<double> dgemv, GemvKernel<dcomplex> zgemv, GerKernel<double> dger,
-                              GerKernel<dcomplex> zgeru, GerKernel<dcomplex> zgerc)
-{
-    return {
-        .dgemv = dgemv,
-        .zgemv = zgemv,
-        .dgbmv = plain::dgbmv,
-        .zgbmv = plain::zgbmv,
-        .dger = dger,
-        .zgeru = zgeru,
-        .zgerc = zgerc,
-        .dsymv = plain::dsymv,
-        .zhemv = plain::zhemv,
-        .dsbmv = plain::dsbmv,
-        .zhbmv = plain::zhbmv,
-        .dspmv = plain::dspmv,
-        .zhpmv = plain::zhpmv,
-        .dsyr = plain::dsyr,
-        .zher = plain::zher,
-        .dspr = plain::dspr,
-        .zhpr = plain::zhpr,
-        .dsyr2 = plain::dsyr2,
-        .zher2 = plain::zher2,
-        .dspr2 = plain::dspr2,
-        .zhpr2 = plain::zhpr2,
-        .dtrmv = plain::dtrmv,
-        .ztrmv = plain::ztrmv,
-        .dtbmv = plain::dtbmv,
-        .ztbmv = plain::ztbmv,
-        .dtpmv = plain::dtpmv,
-        .ztpmv = plain::ztpmv,
-        .dtrsv = plain::dtrsv,
-        .ztrsv = plain::ztrsv,
-        .dtbsv = plain::dtbsv,
-        .ztbsv = plain::ztbsv,
-        .dtpsv = plain::dtpsv,
-        .ztpsv = plain::ztpsv,
-    };
-}
+constexpr Level2Kernels kDef = ORV_LEVEL2_TABLE(def);
+constexpr Level2Kernels kMc = ORV_LEVEL2_TABLE(mc);
+constexpr Level2Kernels kMc3 = ORV_LEVEL2_TABLE(mc3);
+constexpr Level2Kernels kAvx = ORV_LEVEL2_TABLE(avx);
+constexpr Level2Kernels kAvx2 = ORV_LEVEL2_TABLE(avx2);
+constexpr Level2Kernels kAvx512Qix = ORV_LEVEL2_TABLE(avx512_qix);
+constexpr Level2Kernels kAvx512 = ORV_LEVEL2_TABLE(avx512);
 
-constexpr Level2Kernels kDef = table(def::dgemv, def::zgemv, def::dger, def::zgeru, def::zgerc);
-constexpr Level2Kernels kCnr = table(cnr::dgemv, cnr::zgemv, def::dger, def::zgeru, def::zgerc);
-constexpr Level2Kernels kMc = table(mc::dgemv, mc::zgemv, mc::dger, mc::zgeru, mc::zgerc);
-constexpr Level2Kernels kMc3 = table(mc3::dgemv, mc3::zgemv, mc3::dger, mc3::zgeru, mc3::zgerc);
-constexpr Level2Kernels kAvx = table(avx::dgemv, avx::zgemv, avx::dger, avx::zgeru, avx::zgerc);
-constexpr Level2Kernels kAvx2 = table(avx2::dgemv, avx2::zgemv, avx2::dger, avx2::zgeru, avx2::zgerc);
-constexpr Level2Kernels kAvx512Qix =
-    table(avx512_qix::dgemv, avx512_qix::zgemv, avx512_qix::dger, avx512_qix::zgeru, avx512_qix::zgerc);
-constexpr Level2Kernels kAvx512 = table(avx512::dgemv, avx512::zgemv, avx512::dger, avx512::zgeru, avx512::zgerc);
+// The reproducible build: the baseline kernels, except where the baseline's
+// order depends on the placement of the arrays.
+constexpr Level2Kernels kCnr = [] {
+    Level2Kernels table = kDef;
+    table.dgemv = cnr::dgemv;
+    table.zgemv = cnr::zgemv;
+    return table;
+}();
 
 }  // namespace
 

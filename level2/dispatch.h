@@ -8,37 +8,42 @@
 namespace orv {
 
 struct Level2Kernels {
+    // General products and rank-1 updates.
     GemvKernel<double> dgemv;
     GemvKernel<dcomplex> zgemv;
-    decltype(&plain::dgbmv) dgbmv;
-    decltype(&plain::zgbmv) zgbmv;
     GerKernel<double> dger;
     GerKernel<dcomplex> zgeru;
     GerKernel<dcomplex> zgerc;
+    // Symmetric and Hermitian products, full storage.
     decltype(&plain::dsymv) dsymv;
     decltype(&plain::zhemv) zhemv;
+    // Triangular products and solves, full storage.
+    decltype(&plain::dtrmv) dtrmv;
+    decltype(&plain::ztrmv) ztrmv;
+    decltype(&plain::dtrsv) dtrsv;
+    decltype(&plain::ztrsv) ztrsv;
+    // Symmetric and Hermitian rank-1 and rank-2 updates, full and packed.
+    decltype(&plain::dsyr) dsyr;
+    decltype(&plain::dsyr2) dsyr2;
+    decltype(&plain::zher) zher;
+    decltype(&plain::zher2) zher2;
+    decltype(&plain::dspr) dspr;
+    decltype(&plain::dspr2) dspr2;
+    decltype(&plain::zhpr) zhpr;
+    decltype(&plain::zhpr2) zhpr2;
+    // Band and packed products and solves.
+    decltype(&plain::dgbmv) dgbmv;
+    decltype(&plain::zgbmv) zgbmv;
     decltype(&plain::dsbmv) dsbmv;
     decltype(&plain::zhbmv) zhbmv;
     decltype(&plain::dspmv) dspmv;
     decltype(&plain::zhpmv) zhpmv;
-    decltype(&plain::dsyr) dsyr;
-    decltype(&plain::zher) zher;
-    decltype(&plain::dspr) dspr;
-    decltype(&plain::zhpr) zhpr;
-    decltype(&plain::dsyr2) dsyr2;
-    decltype(&plain::zher2) zher2;
-    decltype(&plain::dspr2) dspr2;
-    decltype(&plain::zhpr2) zhpr2;
-    decltype(&plain::dtrmv) dtrmv;
-    decltype(&plain::ztrmv) ztrmv;
     decltype(&plain::dtbmv) dtbmv;
     decltype(&plain::ztbmv) ztbmv;
-    decltype(&plain::dtpmv) dtpmv;
-    decltype(&plain::ztpmv) ztpmv;
-    decltype(&plain::dtrsv) dtrsv;
-    decltype(&plain::ztrsv) ztrsv;
     decltype(&plain::dtbsv) dtbsv;
     decltype(&plain::ztbsv) ztbsv;
+    decltype(&plain::dtpmv) dtpmv;
+    decltype(&plain::ztpmv) ztpmv;
     decltype(&plain::dtpsv) dtpsv;
     decltype(&plain::ztpsv) ztpsv;
 };
