@@ -5,8 +5,7 @@
 
 #include "level1/frame/frame.h"
 #include "level2/dispatch.h"
-#include "service/cbwr.h"
-#include "service/cpu_detect.h"
+#include "level2/team_gate.h"
 #include "service/thread_policy.h"
 
 namespace orv::l2 {
@@ -20,7 +19,7 @@ constexpr i64 kColumnsPerBlock = 32;
 // How many blocks to cut the n columns into; 1 runs the kernel once here.
 i64 blocks_for(i64 n)
 {
-    if (n < kMinColumns || cpu_detect() < kPathMc || !cpu_tuned_paths_allowed() || !cbwr_admits_threads()) return 1;
+    if (n < kMinColumns || !team_gate_open()) return 1;
     const i64 threads = get_max_threads_for_domain(kDomainBlas);
     if (threads <= 1) return 1;
     if (n <= kColumnsPerBlock * threads) return n / kColumnsPerBlock > 1 ? n / kColumnsPerBlock : 1;
