@@ -41,8 +41,9 @@ struct CpuidSnapshot {
     std::uint64_t xcr0 = 0; // XCR0; only looked at when leaf 1 ECX bit 27 (OSXSAVE) is set
 };
 
-// The reference vendor's identification (CPUID leaf 0, EBX EDX ECX).
-inline constexpr const char* kReferenceVendor = "AuthenticAMD";
+// The reference vendor's identification (CPUID leaf 0, EBX EDX ECX), a
+// setting of the build.
+inline constexpr const char* kReferenceVendor = ORV_REFERENCE_VENDOR;
 
 // The feature word of the processor described by `snapshot`, bit for bit as
 // tabled; 0 when leaf 0 reports a maximum leaf of 0.

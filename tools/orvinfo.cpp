@@ -114,6 +114,7 @@ int main()
 
     const orv::CpuidSnapshot cpuid = orv::read_cpuid_snapshot();
     line("cpu vendor", cpuid.vendor);
+    line("tuned for", orv::kReferenceVendor);
     line("reference vendor", yes_no(orv::cpu_is_reference_vendor() == 1));
     const orv::FeatureWord features = orv::cpu_feature_word();
     char hex[32];
