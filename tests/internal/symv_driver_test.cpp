@@ -142,8 +142,8 @@ TEST(SymvTeams, OrderedSumOfTheParts)
 
 // The work area refused: y scaled by beta, then one whole-matrix call with
 // beta = 1, which gives the bits of one call with both. The kernel's own
-// copies of strided vectors refused: the product in place, the same values
-// (coarse data keep every sum exact).
+// copies of strided vectors refused (dsymv and zhemv): the product in place,
+// the same values (coarse data keep every sum exact).
 TEST(SymvTeams, RefusedBuffersFallBack)
 {
     static int refusals;
@@ -173,6 +173,19 @@ TEST(SymvTeams, RefusedBuffersFallBack)
         refusals = 0;
         EXPECT_TRUE(same(p.driver(), copied)) << uplo;
         EXPECT_EQ(refusals, 1);
+
+        const i64 n = 37, lda = 37, incx = 2, incy = -3;
+        std::vector<dcomplex> a(static_cast<std::size_t>(lda * n)), x(vec_span(n, incx)), y(vec_span(n, incy));
+        for (auto* v : {&a, &x, &y})
+            for (dcomplex& e : *v) e = {rng.coarse(), rng.coarse()};
+        const dcomplex alpha{rng.coarse(), rng.coarse()}, beta{0.5, -0.25};
+        std::vector<dcomplex> z_copied = y, z_in_place = y;
+        refused_alignment = 0;
+        dispatch<&K::zhemv>(&uplo, &n, &alpha, a.data(), &lda, x.data(), &incx, &beta, z_copied.data(), &incy);
+        refused_alignment = 64;
+        dispatch<&K::zhemv>(&uplo, &n, &alpha, a.data(), &lda, x.data(), &incx, &beta, z_in_place.data(), &incy);
+        EXPECT_TRUE(same(z_in_place, z_copied)) << "zhemv " << uplo;
+        EXPECT_EQ(refusals, 2);
     }
     orv::allocation_refusal = nullptr;
 }
