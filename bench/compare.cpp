@@ -78,6 +78,8 @@ const RefBlas& load_ref(int max_threads)
     ok &= resolve(handle, "zgemv_", &r.zgemv, true);
     ok &= resolve(handle, "dger_", &r.dger, true);
     ok &= resolve(handle, "zgerc_", &r.zgerc, true);
+    ok &= resolve(handle, "dsymv_", &r.dsymv, true);
+    ok &= resolve(handle, "zhemv_", &r.zhemv, true);
     ok &= resolve(handle, "dgemm_", &r.dgemm, true);
     ok &= resolve(handle, "zgemm_", &r.zgemm, true);
     ok &= resolve(handle, "dtrsm_", &r.dtrsm, true);

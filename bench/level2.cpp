@@ -1,15 +1,18 @@
-// The general matrix-vector product and rank-1 update of ORV and of the
-// comparison library, timed in the same run, with a plain streaming read of
-// the matrix as the bandwidth reference.
+// The general matrix-vector product and rank-1 update, and the symmetric and
+// Hermitian products, of ORV and of the comparison library, timed in the
+// same run, with a plain streaming read of the matrix as the bandwidth
+// reference.
 //
 //   orv_bench_level2 [--sizes=500,2000,4000,8000] [--threads=1,2] [--incs=1,2]
-//                    [--routines=dgemv_n,dgemv_t,zgemv_n,zgemv_c,dger,zgerc] [--summary_out=FILE]
+//                    [--routines=dgemv_n,dgemv_t,zgemv_n,zgemv_c,dger,zgerc,dsymv,zhemv]
+//                    [--summary_out=FILE]
 //                    [Google Benchmark options]
 //
 // Square n x n matrices, lda = n; x and y with the same increment. GFLOP/s
 // count 2 n^2 (real) or 8 n^2 (complex) operations; GB/s count the matrix
 // alone, read once per call by a product and read and written by an update,
-// which is what bounds either for large n.
+// which is what bounds either for large n (a symmetric product reads only
+// half of it, so its GB/s are twice what it streams).
 
 #include "bench/compare.h"
 #include "orv.h"
@@ -98,6 +101,19 @@ std::vector<Routine> make_routines(const RefBlas& ref)
                      ref.zgerc(&n, &n, kAlpha, x, &inc, y, &inc, a, &n);
                  },
                  true});
+    // Symmetric and Hermitian products: the lower triangle, read once.
+    r.push_back({"dsymv", 1, [](int n, int inc, const double* a, const double* x, double* y) {
+                     dsymv_("L", &n, kAlpha, a, &n, x, &inc, kBeta, y, &inc);
+                 },
+                 [&ref](int n, int inc, const double* a, const double* x, double* y) {
+                     ref.dsymv("L", &n, kAlpha, a, &n, x, &inc, kBeta, y, &inc);
+                 }});
+    r.push_back({"zhemv", 2, [](int n, int inc, const double* a, const double* x, double* y) {
+                     zhemv_("L", &n, kAlpha, a, &n, x, &inc, kBeta, y, &inc);
+                 },
+                 [&ref](int n, int inc, const double* a, const double* x, double* y) {
+                     ref.zhemv("L", &n, kAlpha, a, &n, x, &inc, kBeta, y, &inc);
+                 }});
     return r;
 }
 

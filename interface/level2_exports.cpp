@@ -6,6 +6,7 @@
 #include "level2/dispatch.h"
 #include "level2/gemv_driver.h"
 #include "level2/ger_driver.h"
+#include "level2/symv_driver.h"
 #include "orv.h"
 
 using orv::Level2Kernels;
@@ -63,7 +64,7 @@ extern "C" void zgerc_(const int* m, const int* n, const void* alpha, const void
 extern "C" void dsymv_(const char* uplo, const int* n, const double* alpha, const double* a, const int* lda,
                        const double* x, const int* incx, const double* beta, double* y, const int* incy)
 {
-    orv::symv_shape<&Level2Kernels::dsymv>("DSYMV ", uplo, n, alpha, a, lda, x, incx, beta, y, incy);
+    orv::symv_shape<orv_blas_dsymv>("DSYMV ", uplo, n, alpha, a, lda, x, incx, beta, y, incy);
 }
 
 extern "C" void zhemv_(const char* uplo, const int* n, const void* alpha, const void* a, const int* lda, const void* x,

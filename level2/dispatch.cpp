@@ -11,7 +11,7 @@
     {                                                                                                         \
         .dgemv = ns::dgemv, .zgemv = ns::zgemv, .dger = ns::dger, .zgeru = ns::zgeru, .zgerc = ns::zgerc,     \
                                                                                                               \
-        .dsymv = plain::dsymv, .zhemv = plain::zhemv,                                                         \
+        .dsymv = ns::dsymv, .dsymv_strip = ns::dsymv_strip, .zhemv = ns::zhemv,                               \
                                                                                                               \
         .dtrmv = plain::dtrmv, .ztrmv = plain::ztrmv, .dtrsv = plain::dtrsv, .ztrsv = plain::ztrsv,           \
                                                                                                               \

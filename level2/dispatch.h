@@ -15,8 +15,9 @@ struct Level2Kernels {
     GerKernel<dcomplex> zgeru;
     GerKernel<dcomplex> zgerc;
     // Symmetric and Hermitian products, full storage.
-    decltype(&plain::dsymv) dsymv;
-    decltype(&plain::zhemv) zhemv;
+    SymvKernel<double> dsymv;
+    SymvStripKernel dsymv_strip;
+    HemvKernel zhemv;
     // Triangular products and solves, full storage.
     decltype(&plain::dtrmv) dtrmv;
     decltype(&plain::ztrmv) ztrmv;

@@ -46,12 +46,8 @@ void cgerc(const i64* m, const i64* n, const fcomplex* alpha, const fcomplex* x,
 // stored in its uplo triangle: full (symv, hemv), band (sbmv, hbmv) or packed (spmv, hpmv).
 void ssymv(const char* uplo, const i64* n, const float* alpha, const float* a, const i64* lda, const float* x,
            const i64* incx, const float* beta, float* y, const i64* incy);
-void dsymv(const char* uplo, const i64* n, const double* alpha, const double* a, const i64* lda, const double* x,
-           const i64* incx, const double* beta, double* y, const i64* incy);
 void chemv(const char* uplo, const i64* n, const fcomplex* alpha, const fcomplex* a, const i64* lda, const fcomplex* x,
            const i64* incx, const fcomplex* beta, fcomplex* y, const i64* incy);
-void zhemv(const char* uplo, const i64* n, const dcomplex* alpha, const dcomplex* a, const i64* lda,
-           const dcomplex* x, const i64* incx, const dcomplex* beta, dcomplex* y, const i64* incy);
 void ssbmv(const char* uplo, const i64* n, const i64* k, const float* alpha, const float* a, const i64* lda,
            const float* x, const i64* incx, const float* beta, float* y, const i64* incy);
 void dsbmv(const char* uplo, const i64* n, const i64* k, const double* alpha, const double* a, const i64* lda,

@@ -1,4 +1,5 @@
-// Symmetric or Hermitian matrix-vector product, full storage.
+// Symmetric or Hermitian matrix-vector product, full storage, single
+// precision (the double routines have kernels of their own per build).
 
 #include "level2/level2.h"
 #include "level2/symmetric_mv.h"
@@ -26,20 +27,8 @@ void ssymv(const char* uplo, const i64* n, const float* alpha, const float* a, c
     l2::symv(uplo, n, alpha, a, lda, x, incx, beta, y, incy);
 }
 
-void dsymv(const char* uplo, const i64* n, const double* alpha, const double* a, const i64* lda, const double* x,
-           const i64* incx, const double* beta, double* y, const i64* incy)
-{
-    l2::symv(uplo, n, alpha, a, lda, x, incx, beta, y, incy);
-}
-
 void chemv(const char* uplo, const i64* n, const fcomplex* alpha, const fcomplex* a, const i64* lda, const fcomplex* x,
            const i64* incx, const fcomplex* beta, fcomplex* y, const i64* incy)
-{
-    l2::symv(uplo, n, alpha, a, lda, x, incx, beta, y, incy);
-}
-
-void zhemv(const char* uplo, const i64* n, const dcomplex* alpha, const dcomplex* a, const i64* lda,
-           const dcomplex* x, const i64* incx, const dcomplex* beta, dcomplex* y, const i64* incy)
 {
     l2::symv(uplo, n, alpha, a, lda, x, incx, beta, y, incy);
 }

@@ -172,5 +172,36 @@ TYPED_TEST(Level2Mv, SymmetricFullBandPacked)
                     }
 }
 
+// dsymv/zhemv on orders at the edges of the kernels' blocks (columns in
+// blocks of 8, 4, 2 and singly, rows in vectors of up to 8 elements and a
+// last partial one) and of the threaded product: 144 rows and up, and the
+// fewer parts of up to 32 rows a thread (the tests run with 2, 3 and 8).
+TYPED_TEST(Level2Mv, SymmetricEdgesAndThreadedShapes)
+{
+    using T = TypeParam;
+    const Meaning meaning = kComplex<T> ? Meaning::kHermitian : Meaning::kSymmetric;
+    Rng rng(14);
+    int count = 0;
+    for (const long n : {4L, 5L, 9L, 11L, 15L, 16L, 19L, 143L, 144L, 161L, 200L, 257L})
+        for (const char ul : {'U', 'L'})
+            for (const auto& [incx, incy] : kIncrements)
+                for (const auto& [alpha, beta] : scalar_pairs<T>()) {
+                    ++count;
+                    const char uplo = letter(ul, count % 2 != 0);
+                    Matrix<T> a(Storage::stored_triangle(n, -1, ul == 'U', count % 3));
+                    const int in = n, lda = a.s.ld, ix = incx, iy = incy;
+                    auto call = [&](const T* pa, const T* px, T* py) {
+                        if constexpr (kComplex<T>) zhemv_(&uplo, &in, &alpha, pa, &lda, px, &ix, &beta, py, &iy);
+                        else dsymv_(&uplo, &in, &alpha, pa, &lda, px, &ix, &beta, py, &iy);
+                    };
+                    const auto r = check_mv(rng, a, meaning, 'N', incx, incy, alpha, beta, call);
+                    if (!r) {
+                        ADD_FAILURE() << "uplo " << uplo << ' ' << a.s.describe() << " incx " << incx << " incy "
+                                      << incy << " alpha " << alpha << " beta " << beta << ": " << r.message();
+                        return;
+                    }
+                }
+}
+
 }  // namespace
 }  // namespace l2test
