@@ -1,0 +1,214 @@
+// The threaded triangular product: which rows each thread computes, bits
+// that do not depend on thread timing, and the fallback when the copy of x
+// cannot be had. The rows are recorded by strip and whole-product slots that
+// compute nothing.
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <mutex>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include "level2/dispatch.h"
+#include "level2/team_gate.h"
+#include "level2/trmv_driver.h"
+#include "orv_test.h"
+#include "service/memory.h"
+#include "teams.h"
+
+namespace orvtest {
+namespace {
+
+using orv::dcomplex;
+using orv::i64;
+using K = orv::Level2Kernels;
+
+// ---- Which rows each thread computes ---------------------------------------------
+
+struct Strip {
+    i64 first, rows;
+    bool operator==(const Strip&) const = default;
+};
+
+std::mutex g_mutex;
+std::vector<Strip> g_strips;
+int g_whole_calls = 0;
+
+void recording_strip(const char*, const char*, const char*, const i64*, const double*, const i64*, const double*,
+                     const i64* first, const i64* rows, double*, const i64*)
+{
+    const std::lock_guard<std::mutex> lock(g_mutex);
+    g_strips.push_back({*first, *rows});
+}
+
+void recording_whole(const char*, const char*, const char*, const i64*, const double*, const i64*, double*,
+                     const i64*, const i64* f1, const i64* f2, const i64* f3)
+{
+    EXPECT_TRUE(*f1 == 1 && *f2 == 1 && *f3 == 1);
+    const std::lock_guard<std::mutex> lock(g_mutex);
+    ++g_whole_calls;
+}
+
+TEST(TrmvTeams, EachThreadGetsItsRows)
+{
+    if (!orv::l2::team_gate_open()) GTEST_SKIP() << "no level-2 teams on this path";
+    const struct {
+        i64 n;
+        int threads;
+        char uplo, trans;
+        std::vector<Strip> strips;  // empty: one call on the whole product
+    } cases[] = {
+        {127, 16, 'U', 'N', {}},  // too small
+        {140, 16, 'U', 'N', {}},  // not above 9 rows per thread
+        // 200 > 9 * 16: shares of 8 rows for the first half, 16 for the other
+        // half, the last thread 24.
+        {200, 16, 'L', 'T',
+         {{0, 8},    {8, 8},    {16, 8},   {24, 8},   {32, 8},   {40, 8},   {48, 8},   {56, 8},
+          {64, 16},  {80, 16},  {96, 16},  {112, 16}, {128, 16}, {144, 16}, {160, 16}, {176, 24}}},
+        // U*x: the first rows hold the longest dot products, a third of them
+        // goes to the first half of the team.
+        {2000, 4, 'U', 'N', {{0, 328}, {328, 328}, {656, 672}, {1328, 672}}},
+        {2000, 4, 'U', 'T', {{0, 664}, {664, 664}, {1328, 336}, {1664, 336}}},
+        {2000, 4, 'L', 'N', {{0, 664}, {664, 664}, {1328, 336}, {1664, 336}}},
+        {2000, 4, 'L', 'T', {{0, 328}, {328, 328}, {656, 672}, {1328, 672}}},
+        // Below 1025 rows the halves split n evenly; 3 threads: 1 + 2.
+        {1000, 3, 'U', 'N', {{0, 496}, {496, 248}, {744, 256}}},
+    };
+    const SlotSwap<&K::dtrmv_strip> strip(&recording_strip);
+    const SlotSwap<&K::dtrmv> whole(&recording_whole);
+    for (const auto& c : cases) {
+        ASSERT_EQ(granted(c.threads), c.threads);
+        const Threads permit(c.threads);
+        const i64 one = 1;
+        std::vector<double> a(1), x(static_cast<std::size_t>(c.n));
+        g_strips.clear();
+        g_whole_calls = 0;
+        orv_blas_dtrmv(&c.uplo, &c.trans, "N", &c.n, a.data(), &c.n, x.data(), &one);
+        std::sort(g_strips.begin(), g_strips.end(), [](const Strip& l, const Strip& r) { return l.first < r.first; });
+        const std::string where = std::string{c.uplo, c.trans} + " n=" + std::to_string(c.n);
+        EXPECT_EQ(g_strips, c.strips) << where;
+        EXPECT_EQ(g_whole_calls, c.strips.empty() ? 1 : 0) << where;
+    }
+}
+
+// ---- Results ---------------------------------------------------------------------
+
+template <typename T>
+T value(Rng& rng)
+{
+    if constexpr (std::is_same_v<T, dcomplex>) {
+        const double re = rng.full();
+        return {re, rng.full()};
+    } else {
+        return rng.full();
+    }
+}
+
+template <typename T>
+bool same(const std::vector<T>& a, const std::vector<T>& b)
+{
+    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(T)) == 0;
+}
+
+// x := op(A) x through the driver on a copy of x; A n x n with lda n + 1,
+// the diagonal kept away from zero.
+template <typename T>
+struct Product {
+    char uplo, trans, diag;
+    i64 n, lda, incx;
+    std::vector<T> a, x;
+
+    Product(char u, char t, i64 size, i64 inc, Rng& rng)
+        : uplo(u), trans(t), diag('N'), n(size), lda(size + 1), incx(inc)
+    {
+        a.resize(static_cast<std::size_t>(lda * n));
+        x.resize(vec_span(n, inc));
+        for (T& v : a) v = value<T>(rng);
+        for (T& v : x) v = value<T>(rng);
+    }
+    std::vector<T> driver() const
+    {
+        std::vector<T> out = x;
+        if constexpr (std::is_same_v<T, dcomplex>)
+            orv_blas_ztrmv(&uplo, &trans, &diag, &n, a.data(), &lda, out.data(), &incx);
+        else
+            orv_blas_dtrmv(&uplo, &trans, &diag, &n, a.data(), &lda, out.data(), &incx);
+        return out;
+    }
+};
+
+template <typename T>
+double distance(const std::vector<T>& a, const std::vector<T>& b)
+{
+    double d = 0.0;
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        if constexpr (std::is_same_v<T, dcomplex>)
+            d = std::max({d, std::abs(a[i].re - b[i].re), std::abs(a[i].im - b[i].im)});
+        else
+            d = std::max(d, std::abs(a[i] - b[i]));
+    }
+    return d;
+}
+
+template <typename T>
+class TrmvDriver : public ::testing::Test {};
+using Elements = ::testing::Types<double, dcomplex>;
+TYPED_TEST_SUITE(TrmvDriver, Elements);
+
+// Teams of 2, 3 and 8 on every form and on strided vectors: the same bits on
+// every repetition, and the product of one thread up to rounding.
+TYPED_TEST(TrmvDriver, BitsDoNotDependOnTiming)
+{
+    using T = TypeParam;
+    Rng rng(81);
+    for (const char uplo : {'U', 'L'})
+        for (const char trans : {'N', 'T', 'C'})
+            for (const i64 incx : {1, -2}) {
+                const Product<T> p(uplo, trans, 1100, incx, rng);
+                std::vector<T> alone;
+                {
+                    const Threads permit(1);
+                    alone = p.driver();
+                }
+                for (int team : {2, 3, 8}) {
+                    const Threads permit(team);
+                    const std::vector<T> got = p.driver();
+                    EXPECT_LT(distance(got, alone), 1e-11) << uplo << trans << " team " << team;
+                    for (int again = 0; again < 3; ++again)
+                        ASSERT_TRUE(same(p.driver(), got)) << uplo << trans << " team " << team << " incx " << incx;
+                }
+            }
+}
+
+// Without the copy of x the product runs as one kernel call: the bits of a
+// single thread.
+TYPED_TEST(TrmvDriver, RefusedCopyFallsBackToOneCall)
+{
+    using T = TypeParam;
+    static int refusals;
+    static std::size_t refuse_size;
+    orv::allocation_refusal = [](std::size_t size, int) {
+        if (size != refuse_size) return false;
+        ++refusals;
+        return true;
+    };
+    Rng rng(82);
+    for (const i64 incx : {1, 3}) {
+        const Product<T> p('L', 'N', 600, incx, rng);
+        std::vector<T> alone;
+        {
+            const Threads permit(1);
+            alone = p.driver();
+        }
+        const Threads permit(4);
+        refuse_size = 600 * sizeof(T);
+        refusals = 0;
+        EXPECT_TRUE(same(p.driver(), alone)) << "incx " << incx;
+        EXPECT_EQ(refusals, orv::l2::team_gate_open() ? 1 : 0);
+    }
+    orv::allocation_refusal = nullptr;
+}
+
+}  // namespace
+}  // namespace orvtest
