@@ -132,13 +132,13 @@ struct Product {
             else d += 4.0;
         }
     }
-    std::vector<T> driver() const
+    std::vector<T> driver(bool solve = false) const
     {
         std::vector<T> out = x;
         if constexpr (std::is_same_v<T, dcomplex>)
-            orv_blas_ztrmv(&uplo, &trans, &diag, &n, a.data(), &lda, out.data(), &incx);
+            (solve ? orv_blas_ztrsv : orv_blas_ztrmv)(&uplo, &trans, &diag, &n, a.data(), &lda, out.data(), &incx);
         else
-            orv_blas_dtrmv(&uplo, &trans, &diag, &n, a.data(), &lda, out.data(), &incx);
+            (solve ? orv_blas_dtrsv : orv_blas_dtrmv)(&uplo, &trans, &diag, &n, a.data(), &lda, out.data(), &incx);
         return out;
     }
 };
@@ -162,28 +162,32 @@ using Elements = ::testing::Types<double, dcomplex>;
 TYPED_TEST_SUITE(TrmvDriver, Elements);
 
 // Teams of 2, 3 and 8 on every form and on strided vectors: the same bits on
-// every repetition, and the product of one thread up to rounding.
+// every repetition, and the result of one thread up to rounding. (The solve
+// shares its long updates through the threaded general product.)
 TYPED_TEST(TrmvDriver, BitsDoNotDependOnTiming)
 {
     using T = TypeParam;
     Rng rng(81);
-    for (const char uplo : {'U', 'L'})
-        for (const char trans : {'N', 'T', 'C'})
-            for (const i64 incx : {1, -2}) {
-                const Product<T> p(uplo, trans, 1100, incx, rng);
-                std::vector<T> alone;
-                {
-                    const Threads permit(1);
-                    alone = p.driver();
+    for (const bool solve : {false, true})
+        for (const char uplo : {'U', 'L'})
+            for (const char trans : {'N', 'T', 'C'})
+                for (const i64 incx : {1, -2}) {
+                    const Product<T> p(uplo, trans, 1100, incx, rng);
+                    const std::string where = std::string(solve ? "solve " : "product ") + uplo + trans +
+                                              " incx " + std::to_string(incx);
+                    std::vector<T> alone;
+                    {
+                        const Threads permit(1);
+                        alone = p.driver(solve);
+                    }
+                    for (int team : {2, 3, 8}) {
+                        const Threads permit(team);
+                        const std::vector<T> got = p.driver(solve);
+                        EXPECT_LT(distance(got, alone), 1e-11) << where << " team " << team;
+                        for (int again = 0; again < 3; ++again)
+                            ASSERT_TRUE(same(p.driver(solve), got)) << where << " team " << team;
+                    }
                 }
-                for (int team : {2, 3, 8}) {
-                    const Threads permit(team);
-                    const std::vector<T> got = p.driver();
-                    EXPECT_LT(distance(got, alone), 1e-11) << uplo << trans << " team " << team;
-                    for (int again = 0; again < 3; ++again)
-                        ASSERT_TRUE(same(p.driver(), got)) << uplo << trans << " team " << team << " incx " << incx;
-                }
-            }
 }
 
 // Without the copy of x the product runs as one kernel call: the bits of a
