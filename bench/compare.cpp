@@ -80,6 +80,10 @@ const RefBlas& load_ref(int max_threads)
     ok &= resolve(handle, "zgerc_", &r.zgerc, true);
     ok &= resolve(handle, "dsymv_", &r.dsymv, true);
     ok &= resolve(handle, "zhemv_", &r.zhemv, true);
+    ok &= resolve(handle, "dtrmv_", &r.dtrmv, true);
+    ok &= resolve(handle, "ztrmv_", &r.ztrmv, true);
+    ok &= resolve(handle, "dtrsv_", &r.dtrsv, true);
+    ok &= resolve(handle, "ztrsv_", &r.ztrsv, true);
     ok &= resolve(handle, "dgemm_", &r.dgemm, true);
     ok &= resolve(handle, "zgemm_", &r.zgemm, true);
     ok &= resolve(handle, "dtrsm_", &r.dtrsm, true);

@@ -49,6 +49,14 @@ struct RefBlas {
                   const double*, double*, const int*) = nullptr;
     void (*zhemv)(const char*, const int*, const void*, const void*, const int*, const void*, const int*,
                   const void*, void*, const int*) = nullptr;
+    void (*dtrmv)(const char*, const char*, const char*, const int*, const double*, const int*, double*,
+                  const int*) = nullptr;
+    void (*ztrmv)(const char*, const char*, const char*, const int*, const void*, const int*, void*,
+                  const int*) = nullptr;
+    void (*dtrsv)(const char*, const char*, const char*, const int*, const double*, const int*, double*,
+                  const int*) = nullptr;
+    void (*ztrsv)(const char*, const char*, const char*, const int*, const void*, const int*, void*,
+                  const int*) = nullptr;
     void (*dgemm)(const char*, const char*, const int*, const int*, const int*, const double*, const double*,
                   const int*, const double*, const int*, const double*, double*, const int*) = nullptr;
     // Level 3 beyond dgemm; complex scalars and matrices as interleaved

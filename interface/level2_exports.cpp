@@ -7,6 +7,7 @@
 #include "level2/gemv_driver.h"
 #include "level2/ger_driver.h"
 #include "level2/symv_driver.h"
+#include "level2/trmv_driver.h"
 #include "orv.h"
 
 using orv::Level2Kernels;
@@ -150,25 +151,25 @@ extern "C" void zhpr2_(const char* uplo, const int* n, const void* alpha, const 
 extern "C" void dtrmv_(const char* uplo, const char* trans, const char* diag, const int* n, const double* a,
                        const int* lda, double* x, const int* incx)
 {
-    orv::trmv_shape<&Level2Kernels::dtrmv>("DTRMV ", uplo, trans, diag, n, a, lda, x, incx);
+    orv::trmv_shape<orv_blas_dtrmv>("DTRMV ", uplo, trans, diag, n, a, lda, x, incx);
 }
 
 extern "C" void ztrmv_(const char* uplo, const char* trans, const char* diag, const int* n, const void* a,
                        const int* lda, void* x, const int* incx)
 {
-    orv::trmv_shape<&Level2Kernels::ztrmv>("ZTRMV ", uplo, trans, diag, n, a, lda, x, incx);
+    orv::trmv_shape<orv_blas_ztrmv>("ZTRMV ", uplo, trans, diag, n, a, lda, x, incx);
 }
 
 extern "C" void dtrsv_(const char* uplo, const char* trans, const char* diag, const int* n, const double* a,
                        const int* lda, double* x, const int* incx)
 {
-    orv::trmv_shape<&Level2Kernels::dtrsv>("DTRSV ", uplo, trans, diag, n, a, lda, x, incx);
+    orv::trmv_shape<orv_blas_dtrsv>("DTRSV ", uplo, trans, diag, n, a, lda, x, incx);
 }
 
 extern "C" void ztrsv_(const char* uplo, const char* trans, const char* diag, const int* n, const void* a,
                        const int* lda, void* x, const int* incx)
 {
-    orv::trmv_shape<&Level2Kernels::ztrsv>("ZTRSV ", uplo, trans, diag, n, a, lda, x, incx);
+    orv::trmv_shape<orv_blas_ztrsv>("ZTRSV ", uplo, trans, diag, n, a, lda, x, incx);
 }
 
 extern "C" void dtbmv_(const char* uplo, const char* trans, const char* diag, const int* n, const int* k,

@@ -13,7 +13,8 @@
                                                                                                               \
         .dsymv = ns::dsymv, .dsymv_strip = ns::dsymv_strip, .zhemv = ns::zhemv,                               \
                                                                                                               \
-        .dtrmv = plain::dtrmv, .ztrmv = plain::ztrmv, .dtrsv = plain::dtrsv, .ztrsv = plain::ztrsv,           \
+        .dtrmv = ns::dtrmv, .ztrmv = ns::ztrmv, .dtrmv_strip = ns::dtrmv_strip,                               \
+        .ztrmv_strip = ns::ztrmv_strip, .dtrsv = ns::dtrsv, .ztrsv = ns::ztrsv,                               \
                                                                                                               \
         .dsyr = plain::dsyr, .dsyr2 = plain::dsyr2, .zher = plain::zher, .zher2 = plain::zher2,               \
         .dspr = plain::dspr, .dspr2 = plain::dspr2, .zhpr = plain::zhpr, .zhpr2 = plain::zhpr2,               \
@@ -36,11 +37,18 @@ constexpr Level2Kernels kAvx512Qix = ORV_LEVEL2_TABLE(avx512_qix);
 constexpr Level2Kernels kAvx512 = ORV_LEVEL2_TABLE(avx512);
 
 // The reproducible build: the baseline kernels, except where the baseline's
-// order depends on the placement of the arrays.
+// order depends on the placement of the arrays (the general products, and the
+// triangular ones that are built over them).
 constexpr Level2Kernels kCnr = [] {
     Level2Kernels table = kDef;
     table.dgemv = cnr::dgemv;
     table.zgemv = cnr::zgemv;
+    table.dtrmv = cnr::dtrmv;
+    table.ztrmv = cnr::ztrmv;
+    table.dtrmv_strip = cnr::dtrmv_strip;
+    table.ztrmv_strip = cnr::ztrmv_strip;
+    table.dtrsv = cnr::dtrsv;
+    table.ztrsv = cnr::ztrsv;
     return table;
 }();
 

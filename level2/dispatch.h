@@ -19,10 +19,12 @@ struct Level2Kernels {
     SymvStripKernel dsymv_strip;
     HemvKernel zhemv;
     // Triangular products and solves, full storage.
-    decltype(&plain::dtrmv) dtrmv;
-    decltype(&plain::ztrmv) ztrmv;
-    decltype(&plain::dtrsv) dtrsv;
-    decltype(&plain::ztrsv) ztrsv;
+    TriangularKernel<double> dtrmv;
+    TriangularKernel<dcomplex> ztrmv;
+    TrmvStripKernel<double> dtrmv_strip;
+    TrmvStripKernel<dcomplex> ztrmv_strip;
+    TriangularKernel<double> dtrsv;
+    TriangularKernel<dcomplex> ztrsv;
     // Symmetric and Hermitian rank-1 and rank-2 updates, full and packed.
     decltype(&plain::dsyr) dsyr;
     decltype(&plain::dsyr2) dsyr2;

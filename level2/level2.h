@@ -102,12 +102,8 @@ void zhpr2(const char* uplo, const i64* n, const dcomplex* alpha, const dcomplex
 // x := op(A) * x, A triangular: full (trmv), band with k off-diagonals (tbmv) or packed (tpmv).
 void strmv(const char* uplo, const char* trans, const char* diag, const i64* n, const float* a, const i64* lda,
            float* x, const i64* incx);
-void dtrmv(const char* uplo, const char* trans, const char* diag, const i64* n, const double* a, const i64* lda,
-           double* x, const i64* incx);
 void ctrmv(const char* uplo, const char* trans, const char* diag, const i64* n, const fcomplex* a, const i64* lda,
            fcomplex* x, const i64* incx);
-void ztrmv(const char* uplo, const char* trans, const char* diag, const i64* n, const dcomplex* a, const i64* lda,
-           dcomplex* x, const i64* incx);
 void stbmv(const char* uplo, const char* trans, const char* diag, const i64* n, const i64* k, const float* a,
            const i64* lda, float* x, const i64* incx);
 void dtbmv(const char* uplo, const char* trans, const char* diag, const i64* n, const i64* k, const double* a,
@@ -129,12 +125,8 @@ void ztpmv(const char* uplo, const char* trans, const char* diag, const i64* n, 
 // A zero diagonal element yields infinities or NaN; it is not tested for.
 void strsv(const char* uplo, const char* trans, const char* diag, const i64* n, const float* a, const i64* lda,
            float* x, const i64* incx);
-void dtrsv(const char* uplo, const char* trans, const char* diag, const i64* n, const double* a, const i64* lda,
-           double* x, const i64* incx);
 void ctrsv(const char* uplo, const char* trans, const char* diag, const i64* n, const fcomplex* a, const i64* lda,
            fcomplex* x, const i64* incx);
-void ztrsv(const char* uplo, const char* trans, const char* diag, const i64* n, const dcomplex* a, const i64* lda,
-           dcomplex* x, const i64* incx);
 void stbsv(const char* uplo, const char* trans, const char* diag, const i64* n, const i64* k, const float* a,
            const i64* lda, float* x, const i64* incx);
 void dtbsv(const char* uplo, const char* trans, const char* diag, const i64* n, const i64* k, const double* a,

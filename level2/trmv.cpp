@@ -1,4 +1,6 @@
-// Triangular matrix-vector product, full storage.
+// Triangular matrix-vector product, full storage: the single-precision
+// members (the double-precision ones have kernels per code path,
+// level2/kernels/).
 
 #include "level2/level2.h"
 #include "level2/triangular_mv.h"
@@ -24,20 +26,8 @@ void strmv(const char* uplo, const char* trans, const char* diag, const i64* n, 
     l2::trmv(uplo, trans, diag, n, a, lda, x, incx);
 }
 
-void dtrmv(const char* uplo, const char* trans, const char* diag, const i64* n, const double* a, const i64* lda,
-           double* x, const i64* incx)
-{
-    l2::trmv(uplo, trans, diag, n, a, lda, x, incx);
-}
-
 void ctrmv(const char* uplo, const char* trans, const char* diag, const i64* n, const fcomplex* a, const i64* lda,
            fcomplex* x, const i64* incx)
-{
-    l2::trmv(uplo, trans, diag, n, a, lda, x, incx);
-}
-
-void ztrmv(const char* uplo, const char* trans, const char* diag, const i64* n, const dcomplex* a, const i64* lda,
-           dcomplex* x, const i64* incx)
 {
     l2::trmv(uplo, trans, diag, n, a, lda, x, incx);
 }

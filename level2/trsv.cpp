@@ -1,4 +1,5 @@
-// Triangular solve, full storage.
+// Triangular solve, full storage: the single-precision members (the
+// double-precision ones have kernels per code path, level2/kernels/).
 
 #include "level2/level2.h"
 #include "level2/triangular_sv.h"
@@ -24,20 +25,8 @@ void strsv(const char* uplo, const char* trans, const char* diag, const i64* n, 
     l2::trsv(uplo, trans, diag, n, a, lda, x, incx);
 }
 
-void dtrsv(const char* uplo, const char* trans, const char* diag, const i64* n, const double* a, const i64* lda,
-           double* x, const i64* incx)
-{
-    l2::trsv(uplo, trans, diag, n, a, lda, x, incx);
-}
-
 void ctrsv(const char* uplo, const char* trans, const char* diag, const i64* n, const fcomplex* a, const i64* lda,
            fcomplex* x, const i64* incx)
-{
-    l2::trsv(uplo, trans, diag, n, a, lda, x, incx);
-}
-
-void ztrsv(const char* uplo, const char* trans, const char* diag, const i64* n, const dcomplex* a, const i64* lda,
-           dcomplex* x, const i64* incx)
 {
     l2::trsv(uplo, trans, diag, n, a, lda, x, incx);
 }

@@ -99,5 +99,37 @@ TYPED_TEST(Level2Triangular, ProductAndSolve)
                             }
 }
 
+// dtrmv/dtrsv and ztrmv/ztrsv on sizes around the kernels' blocks of 8, 32
+// and 64, several blocks, and sizes from which the product is shared by a
+// team (the runs with several threads); lda above n by 0 to 2.
+TYPED_TEST(Level2Triangular, FullStorageAcrossBlocks)
+{
+    using T = TypeParam;
+    Rng rng(32);
+    int count = 0;
+    for (const bool solve : {false, true})
+        for (const long n : {31L, 32L, 33L, 63L, 64L, 65L, 95L, 96L, 97L, 127L, 128L, 129L, 200L})
+            for (const char ul : {'U', 'L'})
+                for (const char op : {'N', 'T', 'C'})
+                    for (const char dg : {'U', 'N'})
+                        for (const long incx : {1L, 2L, -1L, -3L}) {
+                            ++count;
+                            const char uplo = ul, trans = op, diag = dg;
+                            Matrix<T> a(Storage::triangle(n, ul == 'U', n + count % 3));
+                            const int in = n, lda = a.s.ld, ix = incx;
+                            auto call = [&](const T* pa, T* px) {
+                                const char *u = &uplo, *t = &trans, *d = &diag;
+                                if constexpr (kComplex<T>) (solve ? ztrsv_ : ztrmv_)(u, t, d, &in, pa, &lda, px, &ix);
+                                else (solve ? dtrsv_ : dtrmv_)(u, t, d, &in, pa, &lda, px, &ix);
+                            };
+                            const auto r = check_triangular(rng, a, dg == 'U', op, solve, incx, call);
+                            if (!r) {
+                                ADD_FAILURE() << (solve ? "solve " : "product ") << uplo << trans << diag << ' '
+                                              << a.s.describe() << " incx " << incx << ": " << r.message();
+                                return;
+                            }
+                        }
+}
+
 }  // namespace
 }  // namespace l2test
