@@ -84,6 +84,11 @@ const RefBlas& load_ref(int max_threads)
     ok &= resolve(handle, "ztrmv_", &r.ztrmv, true);
     ok &= resolve(handle, "dtrsv_", &r.dtrsv, true);
     ok &= resolve(handle, "ztrsv_", &r.ztrsv, true);
+    ok &= resolve(handle, "dgbmv_", &r.dgbmv, true);
+    ok &= resolve(handle, "dsbmv_", &r.dsbmv, true);
+    ok &= resolve(handle, "dspmv_", &r.dspmv, true);
+    ok &= resolve(handle, "dtpmv_", &r.dtpmv, true);
+    ok &= resolve(handle, "dtbsv_", &r.dtbsv, true);
     ok &= resolve(handle, "dgemm_", &r.dgemm, true);
     ok &= resolve(handle, "zgemm_", &r.zgemm, true);
     ok &= resolve(handle, "dtrsm_", &r.dtrsm, true);

@@ -57,6 +57,16 @@ struct RefBlas {
                   const int*) = nullptr;
     void (*ztrsv)(const char*, const char*, const char*, const int*, const void*, const int*, void*,
                   const int*) = nullptr;
+    // Band and packed products and solves.
+    void (*dgbmv)(const char*, const int*, const int*, const int*, const int*, const double*, const double*,
+                  const int*, const double*, const int*, const double*, double*, const int*) = nullptr;
+    void (*dsbmv)(const char*, const int*, const int*, const double*, const double*, const int*, const double*,
+                  const int*, const double*, double*, const int*) = nullptr;
+    void (*dspmv)(const char*, const int*, const double*, const double*, const double*, const int*, const double*,
+                  double*, const int*) = nullptr;
+    void (*dtpmv)(const char*, const char*, const char*, const int*, const double*, double*, const int*) = nullptr;
+    void (*dtbsv)(const char*, const char*, const char*, const int*, const int*, const double*, const int*, double*,
+                  const int*) = nullptr;
     void (*dgemm)(const char*, const char*, const int*, const int*, const int*, const double*, const double*,
                   const int*, const double*, const int*, const double*, double*, const int*) = nullptr;
     // Level 3 beyond dgemm; complex scalars and matrices as interleaved

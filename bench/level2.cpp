@@ -4,7 +4,7 @@
 //
 //   orv_bench_level2 [--sizes=500,2000,4000,8000] [--threads=1,2] [--incs=1,2]
 //                    [--routines=dgemv_n,dgemv_t,zgemv_n,zgemv_c,dger,zgerc,dsymv,zhemv,
-//                                dtrmv,dtrsv,ztrmv,ztrsv]
+//                                dtrmv,dtrsv,ztrmv,ztrsv,dgbmv,dsbmv,dspmv,dtpmv,dtbsv]
 //                    [--summary_out=FILE]
 //                    [Google Benchmark options]
 //
@@ -13,7 +13,11 @@
 // alone, read once per call by a product and read and written by an update,
 // which is what bounds either for large n. The triangular routines count
 // half of both; a symmetric product reads only half of A for its 2 n^2
-// operations, so its GB/s are twice what it streams.
+// operations, so its GB/s are twice what it streams. The band and packed
+// forms count the elements they store (bands of 32 diagonals a side, packed
+// triangles) at 2 operations each, 4 for the symmetric products, which use
+// each off-diagonal element twice; their GB/s have no streaming-read
+// reference.
 
 #include "bench/compare.h"
 #include "orv.h"
@@ -64,6 +68,10 @@ struct Routine {
     Call ref;
     bool updates_a = false;  // the output is A, read and written
     double share_of_a = 1.0;  // 0.5 for a triangle: the part of A read and counted
+    // Band and packed storage: the elements of A a call reads, in place of
+    // share_of_a n^2, and the operations per element (0: 2 real, 8 complex).
+    double (*stored)(double n) = nullptr;
+    double ops_per_element = 0.0;
 };
 
 const double kAlpha[2] = {1e-3, 2e-4};  // also a complex (real, imaginary)
@@ -137,6 +145,67 @@ std::vector<Routine> make_routines(const RefBlas& ref)
     triangular("dtrsv", 1, dtrsv_, ref.dtrsv);
     triangular("ztrmv", 2, ztrmv_, ref.ztrmv);
     triangular("ztrsv", 2, ztrsv_, ref.ztrsv);
+
+    // Band and packed products and solves.
+    static constexpr int kBand = 32;
+    auto band = [](double n) { return (2 * kBand + 1) * n; };
+    auto half_band = [](double n) { return (kBand + 1) * n; };
+    auto packed = [](double n) { return n * (n + 1) / 2; };
+    r.push_back({"dgbmv", 1,
+                 [](int n, int inc, const double* a, const double* x, double* y) {
+                     const int k = kBand, lda = 2 * kBand + 1;
+                     dgbmv_("N", &n, &n, &k, &k, kAlpha, a, &lda, x, &inc, kBeta, y, &inc);
+                 },
+                 [&ref](int n, int inc, const double* a, const double* x, double* y) {
+                     const int k = kBand, lda = 2 * kBand + 1;
+                     ref.dgbmv("N", &n, &n, &k, &k, kAlpha, a, &lda, x, &inc, kBeta, y, &inc);
+                 },
+                 false, 1.0, band, 2.0});
+    r.push_back({"dsbmv", 1,
+                 [](int n, int inc, const double* a, const double* x, double* y) {
+                     const int k = kBand, lda = kBand + 1;
+                     dsbmv_("U", &n, &k, kAlpha, a, &lda, x, &inc, kBeta, y, &inc);
+                 },
+                 [&ref](int n, int inc, const double* a, const double* x, double* y) {
+                     const int k = kBand, lda = kBand + 1;
+                     ref.dsbmv("U", &n, &k, kAlpha, a, &lda, x, &inc, kBeta, y, &inc);
+                 },
+                 false, 1.0, half_band, 4.0});
+    r.push_back({"dspmv", 1,
+                 [](int n, int inc, const double* a, const double* x, double* y) {
+                     dspmv_("U", &n, kAlpha, a, x, &inc, kBeta, y, &inc);
+                 },
+                 [&ref](int n, int inc, const double* a, const double* x, double* y) {
+                     ref.dspmv("U", &n, kAlpha, a, x, &inc, kBeta, y, &inc);
+                 },
+                 false, 1.0, packed, 4.0});
+    // In place on y, set from x before every call as for the full triangles.
+    auto reset = [](int n, int inc, const double* x, double* y) {
+        std::memcpy(y, x, sizeof(double) * static_cast<std::size_t>(1 + (n - 1) * inc));
+    };
+    r.push_back({"dtpmv", 1,
+                 [reset](int n, int inc, const double* a, const double* x, double* y) {
+                     reset(n, inc, x, y);
+                     dtpmv_("U", "N", "N", &n, a, y, &inc);
+                 },
+                 [reset, &ref](int n, int inc, const double* a, const double* x, double* y) {
+                     reset(n, inc, x, y);
+                     ref.dtpmv("U", "N", "N", &n, a, y, &inc);
+                 },
+                 false, 1.0, packed, 2.0});
+    // A unit diagonal: the buffer's random diagonal would make the solve blow up.
+    r.push_back({"dtbsv", 1,
+                 [reset](int n, int inc, const double* a, const double* x, double* y) {
+                     const int k = kBand, lda = kBand + 1;
+                     reset(n, inc, x, y);
+                     dtbsv_("L", "N", "U", &n, &k, a, &lda, y, &inc);
+                 },
+                 [reset, &ref](int n, int inc, const double* a, const double* x, double* y) {
+                     const int k = kBand, lda = kBand + 1;
+                     reset(n, inc, x, y);
+                     ref.dtbsv("L", "N", "U", &n, &k, a, &lda, y, &inc);
+                 },
+                 false, 1.0, half_band, 2.0});
     return r;
 }
 
@@ -172,11 +241,13 @@ void register_routine(const Routine& r, long n, long inc, int threads, const cha
 {
     const Call call = std::string(lib) == "orv" ? r.orv : r.ref;
     const int dpe = r.doubles_per_element;
-    const double elements = r.share_of_a * static_cast<double>(n) * static_cast<double>(n);
+    const double elements = r.stored ? r.stored(static_cast<double>(n))
+                                     : r.share_of_a * static_cast<double>(n) * static_cast<double>(n);
+    const double ops = r.ops_per_element > 0 ? r.ops_per_element : dpe == 2 ? 8.0 : 2.0;
     const double passes = r.updates_a ? 2.0 : 1.0;
     benchmark::internal::Benchmark* b = benchmark::RegisterBenchmark(
         row_name(r.name, n, inc, threads, lib).c_str(),
-        [call, n, inc, dpe, elements, passes, threads, lib = std::string(lib), &ref](benchmark::State& state) {
+        [call, n, inc, dpe, elements, ops, passes, threads, lib = std::string(lib), &ref](benchmark::State& state) {
             g_ops.ensure(static_cast<std::size_t>(n * n * dpe), static_cast<std::size_t>(n * inc * dpe));
             set_threads(lib, threads, ref);
             const int ni = static_cast<int>(n), ii = static_cast<int>(inc);
@@ -186,7 +257,7 @@ void register_routine(const Routine& r, long n, long inc, int threads, const cha
             }
             const double calls = static_cast<double>(state.iterations());
             state.counters["GFLOP/s"] =
-                benchmark::Counter((dpe == 2 ? 8.0 : 2.0) * elements * 1e-9 * calls, benchmark::Counter::kIsRate);
+                benchmark::Counter(ops * elements * 1e-9 * calls, benchmark::Counter::kIsRate);
             state.counters["GB/s"] =
                 benchmark::Counter(8.0 * dpe * passes * elements * 1e-9 * calls, benchmark::Counter::kIsRate);
         });
@@ -245,7 +316,9 @@ std::string summary(const bench::CollectingReporter& rep, const std::vector<Rout
                     if (o < 0) continue;
                     const double c = have_ref ? best(row_name(r.name, n, inc, t, "ref"), "GFLOP/s") : -1.0;
                     const double ob = best(row_name(r.name, n, inc, t, "orv"), "GB/s");
-                    const double s = t == 1 ? best(stream_row_name(n * n * r.doubles_per_element), "GB/s") : -1.0;
+                    const double s = t == 1 && r.stored == nullptr
+                                         ? best(stream_row_name(n * n * r.doubles_per_element), "GB/s")
+                                         : -1.0;
                     out << "| " << r.name << " | " << n << " | " << inc << " | " << t << " | "
                         << bench::format_fixed(o, 2) << " | ";
                     const double ratio = c > 0 ? o / c : -1.0;
@@ -264,7 +337,7 @@ std::string summary(const bench::CollectingReporter& rep, const std::vector<Rout
                     if (ratio >= 0 && (t == 1 || n >= 4000)) {
                         bool met = ratio >= 1.0;
                         const bool stream_bound = t == 1 && n >= 8000 && r.doubles_per_element == 1 &&
-                                                  !r.updates_a && r.share_of_a == 1.0;
+                                                  !r.updates_a && r.share_of_a == 1.0 && r.stored == nullptr;
                         if (stream_bound) met = met && sratio >= 0.9;
                         target = met ? "met" : "not met";
                     }

@@ -19,10 +19,10 @@
         .dsyr = plain::dsyr, .dsyr2 = plain::dsyr2, .zher = plain::zher, .zher2 = plain::zher2,               \
         .dspr = plain::dspr, .dspr2 = plain::dspr2, .zhpr = plain::zhpr, .zhpr2 = plain::zhpr2,               \
                                                                                                               \
-        .dgbmv = plain::dgbmv, .zgbmv = plain::zgbmv, .dsbmv = plain::dsbmv, .zhbmv = plain::zhbmv,           \
-        .dspmv = plain::dspmv, .zhpmv = plain::zhpmv, .dtbmv = plain::dtbmv, .ztbmv = plain::ztbmv,           \
-        .dtbsv = plain::dtbsv, .ztbsv = plain::ztbsv, .dtpmv = plain::dtpmv, .ztpmv = plain::ztpmv,           \
-        .dtpsv = plain::dtpsv, .ztpsv = plain::ztpsv,                                                         \
+        .dgbmv = ns::dgbmv, .zgbmv = ns::zgbmv, .dsbmv = ns::dsbmv, .zhbmv = ns::zhbmv,                       \
+        .dspmv = ns::dspmv, .zhpmv = ns::zhpmv, .dtbmv = ns::dtbmv, .ztbmv = ns::ztbmv,                       \
+        .dtbsv = ns::dtbsv, .ztbsv = ns::ztbsv, .dtpmv = ns::dtpmv, .ztpmv = ns::ztpmv,                       \
+        .dtpsv = ns::dtpsv, .ztpsv = ns::ztpsv,                                                               \
     }
 
 namespace orv {

@@ -7,7 +7,8 @@
 // products of its own, and triangular products and solves built over them;
 // its rank-1 updates are def's, since the baseline axpy rounds every element
 // alike wherever the arrays lie, and so are its symmetric and Hermitian
-// products, whose orders never depend on placement.
+// products, whose orders never depend on placement, and its band and packed
+// kernels, whose sums' orders follow the shape alone.
 #pragma once
 
 #include "level2/gemv_kernel.h"
@@ -22,6 +23,7 @@ namespace def {
 #include "level2/kernels/ger_signatures.inc"
 #include "level2/kernels/symv_signatures.inc"
 #include "level2/kernels/trmv_signatures.inc"
+#include "level2/kernels/band_signatures.inc"
 }  // namespace def
 namespace cnr {
 #include "level2/kernels/gemv_signatures.inc"
@@ -32,36 +34,42 @@ namespace mc {
 #include "level2/kernels/ger_signatures.inc"
 #include "level2/kernels/symv_signatures.inc"
 #include "level2/kernels/trmv_signatures.inc"
+#include "level2/kernels/band_signatures.inc"
 }  // namespace mc
 namespace mc3 {
 #include "level2/kernels/gemv_signatures.inc"
 #include "level2/kernels/ger_signatures.inc"
 #include "level2/kernels/symv_signatures.inc"
 #include "level2/kernels/trmv_signatures.inc"
+#include "level2/kernels/band_signatures.inc"
 }  // namespace mc3
 namespace avx {
 #include "level2/kernels/gemv_signatures.inc"
 #include "level2/kernels/ger_signatures.inc"
 #include "level2/kernels/symv_signatures.inc"
 #include "level2/kernels/trmv_signatures.inc"
+#include "level2/kernels/band_signatures.inc"
 }  // namespace avx
 namespace avx2 {
 #include "level2/kernels/gemv_signatures.inc"
 #include "level2/kernels/ger_signatures.inc"
 #include "level2/kernels/symv_signatures.inc"
 #include "level2/kernels/trmv_signatures.inc"
+#include "level2/kernels/band_signatures.inc"
 }  // namespace avx2
 namespace avx512_qix {
 #include "level2/kernels/gemv_signatures.inc"
 #include "level2/kernels/ger_signatures.inc"
 #include "level2/kernels/symv_signatures.inc"
 #include "level2/kernels/trmv_signatures.inc"
+#include "level2/kernels/band_signatures.inc"
 }  // namespace avx512_qix
 namespace avx512 {
 #include "level2/kernels/gemv_signatures.inc"
 #include "level2/kernels/ger_signatures.inc"
 #include "level2/kernels/symv_signatures.inc"
 #include "level2/kernels/trmv_signatures.inc"
+#include "level2/kernels/band_signatures.inc"
 }  // namespace avx512
 
 }  // namespace orv

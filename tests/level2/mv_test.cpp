@@ -133,6 +133,53 @@ TYPED_TEST(Level2Mv, GeneralEdgesAndThreadedShapes)
                 }
 }
 
+// The band product where its columns' runs of rows end around the kernels'
+// vectors and unrolled pairs of them (7..9, 15..17, 31..33 rows), the band
+// cut at the top, at the bottom or both, m != n; vectors taken in place,
+// copied one of the two or both, and long strided ones copied into allocated
+// scratch. alpha = 0 must not read A or x, beta = 0 not y.
+TYPED_TEST(Level2Mv, BandRunsAroundVectorWidths)
+{
+    using T = TypeParam;
+    struct Band {
+        long m, n, kl, ku;
+    };
+    const std::vector<Band> bands = {{40, 30, 3, 4},  {40, 40, 0, 6},  {37, 29, 8, 0},  {50, 45, 7, 7},
+                                     {60, 61, 8, 7},  {33, 70, 16, 0}, {80, 50, 15, 16}, {90, 64, 16, 16},
+                                     {64, 80, 31, 1}, {20, 9, 30, 40}, {1, 40, 0, 5},   {40, 1, 5, 0},
+                                     {1500, 900, 2, 1}};
+    const std::vector<std::pair<long, long>> increments = {{1, 1}, {1, -3}, {2, 1}, {-1, -1}};
+    T general{0.375};
+    if constexpr (kComplex<T>) general = {0.375, -0.5};
+    const std::vector<T> scalars = {T{0.0}, T{1.0}, T{-1.0}, general};
+    Rng rng(14);
+    int count = 0;
+    for (const auto& [m, n, kl, ku] : bands)
+        for (const char op : {'N', 'T', 'C'})
+            for (const auto& [incx, incy] : increments)
+                for (const T alpha : scalars)
+                    for (const T beta : scalars) {
+                        // The long band with general scalars only.
+                        if (m > 1000 && (alpha != general || (beta != general && beta != T{0.0}))) continue;
+                        ++count;
+                        const char trans = letter(op, count % 2 != 0);
+                        Matrix<T> a(Storage::band(m, n, kl, ku, kl + ku + 1 + count % 3));
+                        const int im = m, in = n, ikl = kl, iku = ku, lda = a.s.ld, ix = incx, iy = incy;
+                        auto call = [&](const T* pa, const T* px, T* py) {
+                            if constexpr (kComplex<T>)
+                                zgbmv_(&trans, &im, &in, &ikl, &iku, &alpha, pa, &lda, px, &ix, &beta, py, &iy);
+                            else dgbmv_(&trans, &im, &in, &ikl, &iku, &alpha, pa, &lda, px, &ix, &beta, py, &iy);
+                        };
+                        const auto r = check_mv(rng, a, Meaning::kGeneral, op, incx, incy, alpha, beta, call);
+                        if (!r) {
+                            ADD_FAILURE() << "trans " << trans << ' ' << a.s.describe() << " incx " << incx
+                                          << " incy " << incy << " alpha " << alpha << " beta " << beta << ": "
+                                          << r.message();
+                            return;
+                        }
+                    }
+}
+
 // dsymv/zhemv, dsbmv/zhbmv, dspmv/zhpmv: the stored triangle stands for the
 // whole symmetric (Hermitian) matrix.
 TYPED_TEST(Level2Mv, SymmetricFullBandPacked)
@@ -141,35 +188,39 @@ TYPED_TEST(Level2Mv, SymmetricFullBandPacked)
     const Meaning meaning = kComplex<T> ? Meaning::kHermitian : Meaning::kSymmetric;
     Rng rng(12);
     int count = 0;
+    // -2 packed, -1 full, else band width; bands of runs around the vector
+    // widths, and long strided vectors copied into allocated scratch.
+    std::vector<std::pair<long, long>> sizes = {{600, -2}, {600, 9}};
     for (const long n : {0L, 1L, 2L, 3L, 8L, 17L, 40L})
-        for (const long k : {-2L, -1L, 0L, 1L, 3L, 50L})  // -2 packed, -1 full, else band width
-            for (const char ul : {'U', 'L'})
-                for (const auto& [incx, incy] : kIncrements)
-                    for (const auto& [alpha, beta] : scalar_pairs<T>()) {
-                        ++count;
-                        const char uplo = letter(ul, count % 2 != 0);
-                        const bool upper = ul == 'U';
-                        const long extra = count % 3;
-                        Matrix<T> a(Storage::stored_triangle(n, k, upper, extra));
-                        const int in = n, ik = k, lda = a.s.ld, ix = incx, iy = incy;
-                        auto call = [&](const T* pa, const T* px, T* py) {
-                            if constexpr (kComplex<T>) {
-                                if (k == -2) zhpmv_(&uplo, &in, &alpha, pa, px, &ix, &beta, py, &iy);
-                                else if (k == -1) zhemv_(&uplo, &in, &alpha, pa, &lda, px, &ix, &beta, py, &iy);
-                                else zhbmv_(&uplo, &in, &ik, &alpha, pa, &lda, px, &ix, &beta, py, &iy);
-                            } else {
-                                if (k == -2) dspmv_(&uplo, &in, &alpha, pa, px, &ix, &beta, py, &iy);
-                                else if (k == -1) dsymv_(&uplo, &in, &alpha, pa, &lda, px, &ix, &beta, py, &iy);
-                                else dsbmv_(&uplo, &in, &ik, &alpha, pa, &lda, px, &ix, &beta, py, &iy);
-                            }
-                        };
-                        const auto r = check_mv(rng, a, meaning, 'N', incx, incy, alpha, beta, call);
-                        if (!r) {
-                            ADD_FAILURE() << "uplo " << uplo << ' ' << a.s.describe() << " incx " << incx << " incy "
-                                          << incy << " alpha " << alpha << " beta " << beta << ": " << r.message();
-                            return;
+        for (const long k : {-2L, -1L, 0L, 1L, 3L, 8L, 16L, 17L, 50L}) sizes.emplace_back(n, k);
+    for (const auto& [n, k] : sizes)
+        for (const char ul : {'U', 'L'})
+            for (const auto& [incx, incy] : kIncrements)
+                for (const auto& [alpha, beta] : scalar_pairs<T>()) {
+                    ++count;
+                    const char uplo = letter(ul, count % 2 != 0);
+                    const bool upper = ul == 'U';
+                    const long extra = count % 3;
+                    Matrix<T> a(Storage::stored_triangle(n, k, upper, extra));
+                    const int in = n, ik = k, lda = a.s.ld, ix = incx, iy = incy;
+                    auto call = [&](const T* pa, const T* px, T* py) {
+                        if constexpr (kComplex<T>) {
+                            if (k == -2) zhpmv_(&uplo, &in, &alpha, pa, px, &ix, &beta, py, &iy);
+                            else if (k == -1) zhemv_(&uplo, &in, &alpha, pa, &lda, px, &ix, &beta, py, &iy);
+                            else zhbmv_(&uplo, &in, &ik, &alpha, pa, &lda, px, &ix, &beta, py, &iy);
+                        } else {
+                            if (k == -2) dspmv_(&uplo, &in, &alpha, pa, px, &ix, &beta, py, &iy);
+                            else if (k == -1) dsymv_(&uplo, &in, &alpha, pa, &lda, px, &ix, &beta, py, &iy);
+                            else dsbmv_(&uplo, &in, &ik, &alpha, pa, &lda, px, &ix, &beta, py, &iy);
                         }
+                    };
+                    const auto r = check_mv(rng, a, meaning, 'N', incx, incy, alpha, beta, call);
+                    if (!r) {
+                        ADD_FAILURE() << "uplo " << uplo << ' ' << a.s.describe() << " incx " << incx << " incy "
+                                      << incy << " alpha " << alpha << " beta " << beta << ": " << r.message();
+                        return;
                     }
+                }
 }
 
 // dsymv/zhemv on orders at the edges of the kernels' blocks (columns in

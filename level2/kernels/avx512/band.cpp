@@ -1,0 +1,10 @@
+// Band and packed matrix-vector kernels: the avx512 code path's instance of the shared kernels.
+#include "level1/kernels/avx512/vec.h"
+#include "level2/kernels.h"
+#include "service/memory.h"
+
+namespace orv::avx512 {
+
+#include "level2/kernels/band.inc"
+
+}  // namespace orv::avx512

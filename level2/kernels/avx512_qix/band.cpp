@@ -1,0 +1,10 @@
+// Band and packed matrix-vector kernels: the avx512_qix code path's instance of the shared kernels.
+#include "level1/kernels/avx512_qix/vec.h"
+#include "level2/kernels.h"
+#include "service/memory.h"
+
+namespace orv::avx512_qix {
+
+#include "level2/kernels/band.inc"
+
+}  // namespace orv::avx512_qix

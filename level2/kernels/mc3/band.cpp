@@ -1,0 +1,10 @@
+// Band and packed matrix-vector kernels: the mc3 code path's instance of the shared kernels.
+#include "level1/kernels/mc3/vec.h"
+#include "level2/kernels.h"
+#include "service/memory.h"
+
+namespace orv::mc3 {
+
+#include "level2/kernels/band.inc"
+
+}  // namespace orv::mc3
