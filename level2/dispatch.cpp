@@ -15,8 +15,9 @@
                                                                                                               \
         .dtrmv = plain::dtrmv, .ztrmv = plain::ztrmv, .dtrsv = plain::dtrsv, .ztrsv = plain::ztrsv,           \
                                                                                                               \
-        .dsyr = plain::dsyr, .dsyr2 = plain::dsyr2, .zher = plain::zher, .zher2 = plain::zher2,               \
-        .dspr = plain::dspr, .dspr2 = plain::dspr2, .zhpr = plain::zhpr, .zhpr2 = plain::zhpr2,               \
+        .dsyr = ns::dsyr, .dsyr2 = ns::dsyr2, .dsyr_strip = ns::dsyr_strip, .dsyr2_strip = ns::dsyr2_strip,   \
+        .zher = ns::zher, .zher2 = ns::zher2, .dspr = ns::dspr, .dspr2 = ns::dspr2, .zhpr = ns::zhpr,         \
+        .zhpr2 = ns::zhpr2,                                                                                   \
                                                                                                               \
         .dgbmv = plain::dgbmv, .zgbmv = plain::zgbmv, .dsbmv = plain::dsbmv, .zhbmv = plain::zhbmv,           \
         .dspmv = plain::dspmv, .zhpmv = plain::zhpmv, .dtbmv = plain::dtbmv, .ztbmv = plain::ztbmv,           \
