@@ -3,7 +3,8 @@
 // the matrix as the bandwidth reference.
 //
 //   orv_bench_level2 [--sizes=500,2000,4000,8000] [--threads=1,2] [--incs=1,2]
-//                    [--routines=dgemv_n,dgemv_t,zgemv_n,zgemv_c,dger,zgerc] [--summary_out=FILE]
+//                    [--routines=dgemv_n,dgemv_t,zgemv_n,zgemv_c,dger,zgerc,
+//                      dsyr2,dsyr,zher,zher2] [--summary_out=FILE]
 //                    [Google Benchmark options]
 //
 // Square n x n matrices, lda = n; x and y with the same increment. GFLOP/s
@@ -58,6 +59,8 @@ struct Routine {
     Call orv;
     Call ref;
     bool updates_a = false;  // the output is A, read and written
+    double a_share = 1.0;  // the part of A the call touches
+    double work = 1.0;     // operations per touched element, relative to a rank-1 update
 };
 
 const double kAlpha[2] = {1e-3, 2e-4};  // also a complex (real, imaginary)
@@ -98,6 +101,36 @@ std::vector<Routine> make_routines(const RefBlas& ref)
                      ref.zgerc(&n, &n, kAlpha, x, &inc, y, &inc, a, &n);
                  },
                  true});
+    // Symmetric and Hermitian rank-1 and rank-2 updates of one triangle: half
+    // of A read and written, twice the operations per element for rank 2.
+    r.push_back({"dsyr2", 1, [](int n, int inc, double* a, const double* x, double* y) {
+                     dsyr2_("L", &n, kAlpha, x, &inc, y, &inc, a, &n);
+                 },
+                 [&ref](int n, int inc, double* a, const double* x, double* y) {
+                     ref.dsyr2("L", &n, kAlpha, x, &inc, y, &inc, a, &n);
+                 },
+                 true, 0.5, 2.0});
+    r.push_back({"dsyr", 1, [](int n, int inc, double* a, const double* x, double*) {
+                     dsyr_("U", &n, kAlpha, x, &inc, a, &n);
+                 },
+                 [&ref](int n, int inc, double* a, const double* x, double*) {
+                     ref.dsyr("U", &n, kAlpha, x, &inc, a, &n);
+                 },
+                 true, 0.5, 1.0});
+    r.push_back({"zher", 2, [](int n, int inc, double* a, const double* x, double*) {
+                     zher_("U", &n, kAlpha, x, &inc, a, &n);
+                 },
+                 [&ref](int n, int inc, double* a, const double* x, double*) {
+                     ref.zher("U", &n, kAlpha, x, &inc, a, &n);
+                 },
+                 true, 0.5, 1.0});
+    r.push_back({"zher2", 2, [](int n, int inc, double* a, const double* x, double* y) {
+                     zher2_("L", &n, kAlpha, x, &inc, y, &inc, a, &n);
+                 },
+                 [&ref](int n, int inc, double* a, const double* x, double* y) {
+                     ref.zher2("L", &n, kAlpha, x, &inc, y, &inc, a, &n);
+                 },
+                 true, 0.5, 2.0});
     return r;
 }
 
@@ -133,11 +166,11 @@ void register_routine(const Routine& r, long n, long inc, int threads, const cha
 {
     const Call call = std::string(lib) == "orv" ? r.orv : r.ref;
     const int dpe = r.doubles_per_element;
-    const double elements = static_cast<double>(n) * static_cast<double>(n);
-    const double passes = r.updates_a ? 2.0 : 1.0;
+    const double elements = r.a_share * static_cast<double>(n) * static_cast<double>(n);
+    const double passes = r.updates_a ? 2.0 : 1.0, work = r.work;
     benchmark::internal::Benchmark* b = benchmark::RegisterBenchmark(
         row_name(r.name, n, inc, threads, lib).c_str(),
-        [call, n, inc, dpe, elements, passes, threads, lib = std::string(lib), &ref](benchmark::State& state) {
+        [call, n, inc, dpe, elements, passes, work, threads, lib = std::string(lib), &ref](benchmark::State& state) {
             g_ops.ensure(static_cast<std::size_t>(n * n * dpe), static_cast<std::size_t>(n * inc * dpe));
             set_threads(lib, threads, ref);
             const int ni = static_cast<int>(n), ii = static_cast<int>(inc);
@@ -147,7 +180,8 @@ void register_routine(const Routine& r, long n, long inc, int threads, const cha
             }
             const double calls = static_cast<double>(state.iterations());
             state.counters["GFLOP/s"] =
-                benchmark::Counter((dpe == 2 ? 8.0 : 2.0) * elements * 1e-9 * calls, benchmark::Counter::kIsRate);
+                benchmark::Counter((dpe == 2 ? 8.0 : 2.0) * work * elements * 1e-9 * calls,
+                                   benchmark::Counter::kIsRate);
             state.counters["GB/s"] =
                 benchmark::Counter(8.0 * dpe * passes * elements * 1e-9 * calls, benchmark::Counter::kIsRate);
         });
