@@ -207,5 +207,44 @@ TEST(SyrTeams, TeamResultEqualsOneKernelCall)
                 }
 }
 
+// Strips cut anywhere, not only where the driver cuts, on the baseline, the
+// reproducible and this processor's build: the bits of the whole-matrix
+// kernel, whichever columns share a pass over the vectors.
+TEST(SyrTeams, StripsCutAnywhereMatchTheWholeKernel)
+{
+    Rng rng(82);
+    const i64 n = 203, lda = n + 1, one = 1;
+    const std::vector<i64> cuts = {0, 5, 6, 77, 130, 201, n};
+    for (const orv::Build b : {orv::Build::def, orv::Build::cnr, orv::dispatch_build()}) {
+        const K& table = *orv::Family<K>::builds[static_cast<int>(b)];
+        for (const char uplo : {'U', 'L'})
+            for (const bool rank2 : {false, true}) {
+                std::vector<double> a(static_cast<std::size_t>(lda * n)), x(n), y(n);
+                for (double& v : a) v = rng.full();
+                for (double& v : x) v = rng.full();
+                for (double& v : y) v = rng.full();
+                x[100] = y[100] = 0.0;
+                const double alpha = rng.full();
+                std::vector<double> want = a;
+                if (rank2) table.dsyr2(&uplo, &n, &alpha, x.data(), &one, y.data(), &one, want.data(), &lda, &one);
+                else table.dsyr(&uplo, &n, &alpha, x.data(), &one, want.data(), &lda, &one);
+                for (std::size_t k = 0; k + 1 < cuts.size(); ++k) {
+                    const i64 first = cuts[k], count = cuts[k + 1] - first;
+                    // The triangle the strip lies in, as the driver hands it.
+                    const i64 order = uplo == 'U' ? first + count : n - first;
+                    const i64 from = uplo == 'U' ? first : 0, shift = uplo == 'U' ? 0 : first;
+                    double* base = a.data() + shift * (lda + 1);
+                    if (rank2)
+                        table.dsyr2_strip(&uplo, &order, &from, &count, &alpha, x.data() + shift, &one,
+                                          y.data() + shift, &one, base, &lda);
+                    else
+                        table.dsyr_strip(&uplo, &order, &from, &count, &alpha, x.data() + shift, &one, base, &lda);
+                }
+                EXPECT_EQ(std::memcmp(a.data(), want.data(), a.size() * sizeof(double)), 0)
+                    << "build " << static_cast<int>(b) << ' ' << uplo << (rank2 ? " rank 2" : " rank 1");
+            }
+    }
+}
+
 }  // namespace
 }  // namespace orvtest
