@@ -17,9 +17,11 @@
 // forms have it; t1 = alpha * x(j) for rank 1), each element through the
 // same operations wherever it lies: its result depends only on the build,
 // the values and the column, never on which other columns share the call or
-// on the placement of the arrays. A column whose x(j) (and y(j)) compare
-// equal to zero is skipped, whatever the vectors hold elsewhere; a Hermitian
-// diagonal is stored real, skipped columns included.
+// on the placement of the arrays. Strided vectors are read from a
+// contiguous copy in scratch memory, or in place where none can be had. A
+// column whose x(j) (and y(j)) compare equal to zero is skipped, whatever
+// the vectors hold elsewhere; a Hermitian diagonal is stored real, skipped
+// columns included.
 #pragma once
 
 #include "service/types.h"

@@ -11,6 +11,7 @@
 #include "level2/dispatch.h"
 #include "level2/syr_driver.h"
 #include "orv_test.h"
+#include "service/memory.h"
 #include "teams.h"
 
 namespace orvtest {
@@ -244,6 +245,49 @@ TEST(SyrTeams, StripsCutAnywhereMatchTheWholeKernel)
                     << "build " << static_cast<int>(b) << ' ' << uplo << (rank2 ? " rank 2" : " rank 1");
             }
     }
+}
+
+// Strided vectors are copied to contiguous scratch; refused the scratch, the
+// kernels read them in place with the same bits.
+TEST(SyrTeams, RefusedCopyReadsTheVectorsInPlace)
+{
+    static int refusals;
+    static bool refuse;
+    orv::allocation_refusal = [](std::size_t, int) {
+        refusals += refuse;
+        return refuse;
+    };
+    Rng rng(83);
+    const i64 n = 301, lda = n, incx = -2, incy = 3, one = 1;
+    for (const char uplo : {'U', 'L'}) {
+        std::vector<double> a(static_cast<std::size_t>(lda * n)), x(vec_span(n, incx)), y(vec_span(n, incy));
+        std::vector<orv::dcomplex> za(a.size());
+        for (double& v : a) v = rng.full();
+        for (double& v : x) v = rng.full();
+        for (double& v : y) v = rng.full();
+        for (orv::dcomplex& v : za) v = {rng.full(), rng.full()};
+        // The complex vectors reuse the real ones' doubles.
+        const auto* zx = reinterpret_cast<const orv::dcomplex*>(x.data());
+        const auto* zy = reinterpret_cast<const orv::dcomplex*>(y.data());
+        const i64 zn = n / 2;
+        const double alpha = rng.full();
+        const orv::dcomplex zalpha{rng.full(), rng.full()};
+        std::vector<double> got = a, want = a;
+        std::vector<orv::dcomplex> zgot = za, zwant = za;
+        for (const bool refused : {false, true}) {
+            refuse = refused;
+            refusals = 0;
+            double* out = refused ? got.data() : want.data();
+            orv::dcomplex* zout = refused ? zgot.data() : zwant.data();
+            dispatch<&K::dsyr2>(&uplo, &n, &alpha, x.data(), &incx, y.data(), &incy, out, &lda, &one);
+            dispatch<&K::zher2>(&uplo, &zn, &zalpha, zx, &incx, zy, &incy, zout, &lda);
+            EXPECT_EQ(refusals, refused ? 2 : 0) << uplo;
+        }
+        refuse = false;
+        EXPECT_EQ(std::memcmp(got.data(), want.data(), got.size() * sizeof(double)), 0) << uplo;
+        EXPECT_EQ(std::memcmp(zgot.data(), zwant.data(), zgot.size() * sizeof(orv::dcomplex)), 0) << uplo;
+    }
+    orv::allocation_refusal = nullptr;
 }
 
 }  // namespace

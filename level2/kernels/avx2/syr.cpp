@@ -2,6 +2,7 @@
 // shared kernels.
 #include "level1/kernels/avx2/vec.h"
 #include "level2/kernels.h"
+#include "service/memory.h"
 
 namespace orv::avx2 {
 

@@ -2,6 +2,7 @@
 // shared kernels.
 #include "level1/kernels/avx512_qix/vec.h"
 #include "level2/kernels.h"
+#include "service/memory.h"
 
 namespace orv::avx512_qix {
 

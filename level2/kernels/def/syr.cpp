@@ -3,6 +3,7 @@
 // vector traits of its own; the two-lane ones ask for nothing past SSE2.
 #include "level1/kernels/simd.h"
 #include "level2/kernels.h"
+#include "service/memory.h"
 
 namespace orv::def {
 

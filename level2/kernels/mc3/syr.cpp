@@ -2,6 +2,7 @@
 // shared kernels.
 #include "level1/kernels/mc3/vec.h"
 #include "level2/kernels.h"
+#include "service/memory.h"
 
 namespace orv::mc3 {
 
