@@ -15,9 +15,9 @@ constexpr i64 kMinOrder = 1500;
 
 // Thread t's columns in a team of `team` (at least 2). The first team / 2
 // threads share the first F columns in equal runs of a multiple of 8, the
-// others the rest, the last of them taking what is left. F leans towards the
-// short columns: the left ones of an upper triangle, the right ones of a
-// lower one.
+// others the rest, the last of them taking what is left. Past 1024 columns F
+// is two thirds of them in an upper triangle, whose left columns are short,
+// and one third in a lower one, whose left columns are long.
 frame::Chunk columns_of(i64 n, bool upper, i64 team, i64 t)
 {
     const i64 first_group = team / 2;
