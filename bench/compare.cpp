@@ -89,6 +89,10 @@ const RefBlas& load_ref(int max_threads)
     ok &= resolve(handle, "dspmv_", &r.dspmv, true);
     ok &= resolve(handle, "dtpmv_", &r.dtpmv, true);
     ok &= resolve(handle, "dtbsv_", &r.dtbsv, true);
+    ok &= resolve(handle, "dsyr_", &r.dsyr, true);
+    ok &= resolve(handle, "dsyr2_", &r.dsyr2, true);
+    ok &= resolve(handle, "zher_", &r.zher, true);
+    ok &= resolve(handle, "zher2_", &r.zher2, true);
     ok &= resolve(handle, "dgemm_", &r.dgemm, true);
     ok &= resolve(handle, "zgemm_", &r.zgemm, true);
     ok &= resolve(handle, "dtrsm_", &r.dtrsm, true);

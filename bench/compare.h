@@ -67,6 +67,13 @@ struct RefBlas {
     void (*dtpmv)(const char*, const char*, const char*, const int*, const double*, double*, const int*) = nullptr;
     void (*dtbsv)(const char*, const char*, const char*, const int*, const int*, const double*, const int*, double*,
                   const int*) = nullptr;
+    // Symmetric and Hermitian rank-1 and rank-2 updates.
+    void (*dsyr)(const char*, const int*, const double*, const double*, const int*, double*, const int*) = nullptr;
+    void (*dsyr2)(const char*, const int*, const double*, const double*, const int*, const double*, const int*,
+                  double*, const int*) = nullptr;
+    void (*zher)(const char*, const int*, const double*, const void*, const int*, void*, const int*) = nullptr;
+    void (*zher2)(const char*, const int*, const void*, const void*, const int*, const void*, const int*, void*,
+                  const int*) = nullptr;
     void (*dgemm)(const char*, const char*, const int*, const int*, const int*, const double*, const double*,
                   const int*, const double*, const int*, const double*, double*, const int*) = nullptr;
     // Level 3 beyond dgemm; complex scalars and matrices as interleaved

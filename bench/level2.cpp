@@ -4,20 +4,20 @@
 //
 //   orv_bench_level2 [--sizes=500,2000,4000,8000] [--threads=1,2] [--incs=1,2]
 //                    [--routines=dgemv_n,dgemv_t,zgemv_n,zgemv_c,dger,zgerc,dsymv,zhemv,
-//                                dtrmv,dtrsv,ztrmv,ztrsv,dgbmv,dsbmv,dspmv,dtpmv,dtbsv]
+//                                dtrmv,dtrsv,ztrmv,ztrsv,dgbmv,dsbmv,dspmv,dtpmv,dtbsv,
+//                                dsyr2,dsyr,zher,zher2]
 //                    [--summary_out=FILE]
 //                    [Google Benchmark options]
 //
-// Square n x n matrices, lda = n; x and y with the same increment. GFLOP/s
-// count 2 n^2 (real) or 8 n^2 (complex) operations; GB/s count the matrix
-// alone, read once per call by a product and read and written by an update,
-// which is what bounds either for large n. The triangular routines count
-// half of both; a symmetric product reads only half of A for its 2 n^2
-// operations, so its GB/s are twice what it streams. The band and packed
-// forms count the elements they store (bands of 32 diagonals a side, packed
-// triangles) at 2 operations each, 4 for the symmetric products, which use
-// each off-diagonal element twice; their GB/s have no streaming-read
-// reference.
+// Square n x n matrices, lda = n; x and y with the same increment. Each
+// routine counts the elements of A it reads (all n^2, a triangle, a band of
+// 32 diagonals a side) and the operations it does per element read: 2 (real)
+// or 8 (complex) for a product or a rank-1 update, twice that for a
+// symmetric product, which uses each off-diagonal element twice, and for a
+// rank-2 update. GB/s count the matrix alone, read once per call by a
+// product and read and written by an update, which is what bounds either for
+// large n; only the routines that read all of A are held against the
+// streaming read.
 
 #include "bench/compare.h"
 #include "orv.h"
@@ -67,12 +67,13 @@ struct Routine {
     Call orv;
     Call ref;
     bool updates_a = false;  // the output is A, read and written
-    double share_of_a = 1.0;  // 0.5 for a triangle: the part of A read and counted
-    // Band and packed storage: the elements of A a call reads, in place of
-    // share_of_a n^2, and the operations per element (0: 2 real, 8 complex).
-    double (*stored)(double n) = nullptr;
-    double ops_per_element = 0.0;
+    // The elements of A a call reads (null: all n^2), and the operations per
+    // element as a multiple of a general product's (2 real, 8 complex).
+    double (*elements)(double n) = nullptr;
+    double work = 1.0;
 };
+
+double triangle(double n) { return n * (n + 1) / 2; }
 
 const double kAlpha[2] = {1e-3, 2e-4};  // also a complex (real, imaginary)
 const double kBeta[2] = {0.5, 0.0};
@@ -118,13 +119,15 @@ std::vector<Routine> make_routines(const RefBlas& ref)
                  },
                  [&ref](int n, int inc, const double* a, const double* x, double* y) {
                      ref.dsymv("L", &n, kAlpha, a, &n, x, &inc, kBeta, y, &inc);
-                 }});
+                 },
+                 false, triangle, 2.0});
     r.push_back({"zhemv", 2, [](int n, int inc, const double* a, const double* x, double* y) {
                      zhemv_("L", &n, kAlpha, a, &n, x, &inc, kBeta, y, &inc);
                  },
                  [&ref](int n, int inc, const double* a, const double* x, double* y) {
                      ref.zhemv("L", &n, kAlpha, a, &n, x, &inc, kBeta, y, &inc);
-                 }});
+                 },
+                 false, triangle, 2.0});
     // Triangular products and solves, lower, no transpose, non-unit: y is
     // set from x before every call, so that repeated calls see the same
     // values. (The copy is n elements against n^2 / 2 of A.)
@@ -139,7 +142,7 @@ std::vector<Routine> make_routines(const RefBlas& ref)
                      [run, ref_call](int n, int inc, const double* a, const double* x, double* y) {
                          run(ref_call, n, inc, a, x, y);
                      },
-                     false, 0.5});
+                     false, triangle});
     };
     triangular("dtrmv", 1, dtrmv_, ref.dtrmv);
     triangular("dtrsv", 1, dtrsv_, ref.dtrsv);
@@ -150,7 +153,6 @@ std::vector<Routine> make_routines(const RefBlas& ref)
     static constexpr int kBand = 32;
     auto band = [](double n) { return (2 * kBand + 1) * n; };
     auto half_band = [](double n) { return (kBand + 1) * n; };
-    auto packed = [](double n) { return n * (n + 1) / 2; };
     r.push_back({"dgbmv", 1,
                  [](int n, int inc, const double* a, const double* x, double* y) {
                      const int k = kBand, lda = 2 * kBand + 1;
@@ -160,7 +162,7 @@ std::vector<Routine> make_routines(const RefBlas& ref)
                      const int k = kBand, lda = 2 * kBand + 1;
                      ref.dgbmv("N", &n, &n, &k, &k, kAlpha, a, &lda, x, &inc, kBeta, y, &inc);
                  },
-                 false, 1.0, band, 2.0});
+                 false, band});
     r.push_back({"dsbmv", 1,
                  [](int n, int inc, const double* a, const double* x, double* y) {
                      const int k = kBand, lda = kBand + 1;
@@ -170,7 +172,7 @@ std::vector<Routine> make_routines(const RefBlas& ref)
                      const int k = kBand, lda = kBand + 1;
                      ref.dsbmv("U", &n, &k, kAlpha, a, &lda, x, &inc, kBeta, y, &inc);
                  },
-                 false, 1.0, half_band, 4.0});
+                 false, half_band, 2.0});
     r.push_back({"dspmv", 1,
                  [](int n, int inc, const double* a, const double* x, double* y) {
                      dspmv_("U", &n, kAlpha, a, x, &inc, kBeta, y, &inc);
@@ -178,7 +180,7 @@ std::vector<Routine> make_routines(const RefBlas& ref)
                  [&ref](int n, int inc, const double* a, const double* x, double* y) {
                      ref.dspmv("U", &n, kAlpha, a, x, &inc, kBeta, y, &inc);
                  },
-                 false, 1.0, packed, 4.0});
+                 false, triangle, 2.0});
     // In place on y, set from x before every call as for the full triangles.
     auto reset = [](int n, int inc, const double* x, double* y) {
         std::memcpy(y, x, sizeof(double) * static_cast<std::size_t>(1 + (n - 1) * inc));
@@ -192,7 +194,7 @@ std::vector<Routine> make_routines(const RefBlas& ref)
                      reset(n, inc, x, y);
                      ref.dtpmv("U", "N", "N", &n, a, y, &inc);
                  },
-                 false, 1.0, packed, 2.0});
+                 false, triangle});
     // A unit diagonal: the buffer's random diagonal would make the solve blow up.
     r.push_back({"dtbsv", 1,
                  [reset](int n, int inc, const double* a, const double* x, double* y) {
@@ -205,7 +207,37 @@ std::vector<Routine> make_routines(const RefBlas& ref)
                      reset(n, inc, x, y);
                      ref.dtbsv("L", "N", "U", &n, &k, a, &lda, y, &inc);
                  },
-                 false, 1.0, half_band, 2.0});
+                 false, half_band});
+    // Symmetric and Hermitian rank-1 and rank-2 updates of one triangle: half
+    // of A read and written, twice the operations per element for rank 2.
+    r.push_back({"dsyr2", 1, [](int n, int inc, double* a, const double* x, double* y) {
+                     dsyr2_("L", &n, kAlpha, x, &inc, y, &inc, a, &n);
+                 },
+                 [&ref](int n, int inc, double* a, const double* x, double* y) {
+                     ref.dsyr2("L", &n, kAlpha, x, &inc, y, &inc, a, &n);
+                 },
+                 true, triangle, 2.0});
+    r.push_back({"dsyr", 1, [](int n, int inc, double* a, const double* x, double*) {
+                     dsyr_("U", &n, kAlpha, x, &inc, a, &n);
+                 },
+                 [&ref](int n, int inc, double* a, const double* x, double*) {
+                     ref.dsyr("U", &n, kAlpha, x, &inc, a, &n);
+                 },
+                 true, triangle});
+    r.push_back({"zher", 2, [](int n, int inc, double* a, const double* x, double*) {
+                     zher_("U", &n, kAlpha, x, &inc, a, &n);
+                 },
+                 [&ref](int n, int inc, double* a, const double* x, double*) {
+                     ref.zher("U", &n, kAlpha, x, &inc, a, &n);
+                 },
+                 true, triangle});
+    r.push_back({"zher2", 2, [](int n, int inc, double* a, const double* x, double* y) {
+                     zher2_("L", &n, kAlpha, x, &inc, y, &inc, a, &n);
+                 },
+                 [&ref](int n, int inc, double* a, const double* x, double* y) {
+                     ref.zher2("L", &n, kAlpha, x, &inc, y, &inc, a, &n);
+                 },
+                 true, triangle, 2.0});
     return r;
 }
 
@@ -241,9 +273,9 @@ void register_routine(const Routine& r, long n, long inc, int threads, const cha
 {
     const Call call = std::string(lib) == "orv" ? r.orv : r.ref;
     const int dpe = r.doubles_per_element;
-    const double elements = r.stored ? r.stored(static_cast<double>(n))
-                                     : r.share_of_a * static_cast<double>(n) * static_cast<double>(n);
-    const double ops = r.ops_per_element > 0 ? r.ops_per_element : dpe == 2 ? 8.0 : 2.0;
+    const double nd = static_cast<double>(n);
+    const double elements = r.elements ? r.elements(nd) : nd * nd;
+    const double ops = (dpe == 2 ? 8.0 : 2.0) * r.work;
     const double passes = r.updates_a ? 2.0 : 1.0;
     benchmark::internal::Benchmark* b = benchmark::RegisterBenchmark(
         row_name(r.name, n, inc, threads, lib).c_str(),
@@ -316,7 +348,7 @@ std::string summary(const bench::CollectingReporter& rep, const std::vector<Rout
                     if (o < 0) continue;
                     const double c = have_ref ? best(row_name(r.name, n, inc, t, "ref"), "GFLOP/s") : -1.0;
                     const double ob = best(row_name(r.name, n, inc, t, "orv"), "GB/s");
-                    const double s = t == 1 && r.stored == nullptr
+                    const double s = t == 1 && r.elements == nullptr
                                          ? best(stream_row_name(n * n * r.doubles_per_element), "GB/s")
                                          : -1.0;
                     out << "| " << r.name << " | " << n << " | " << inc << " | " << t << " | "
@@ -337,7 +369,7 @@ std::string summary(const bench::CollectingReporter& rep, const std::vector<Rout
                     if (ratio >= 0 && (t == 1 || n >= 4000)) {
                         bool met = ratio >= 1.0;
                         const bool stream_bound = t == 1 && n >= 8000 && r.doubles_per_element == 1 &&
-                                                  !r.updates_a && r.share_of_a == 1.0 && r.stored == nullptr;
+                                                  !r.updates_a && r.elements == nullptr;
                         if (stream_bound) met = met && sratio >= 0.9;
                         target = met ? "met" : "not met";
                     }

@@ -8,6 +8,7 @@
 #include "level2/ger_driver.h"
 #include "level2/symv_driver.h"
 #include "level2/trmv_driver.h"
+#include "level2/syr_driver.h"
 #include "orv.h"
 
 using orv::Level2Kernels;
@@ -103,7 +104,7 @@ extern "C" void zhpmv_(const char* uplo, const int* n, const void* alpha, const 
 extern "C" void dsyr_(const char* uplo, const int* n, const double* alpha, const double* x, const int* incx, double* a,
                       const int* lda)
 {
-    orv::syr_shape<&Level2Kernels::dsyr>("DSYR  ", uplo, n, alpha, x, incx, a, lda);
+    orv::syr_shape<orv_blas_dsyr>("DSYR  ", uplo, n, alpha, x, incx, a, lda);
 }
 
 extern "C" void zher_(const char* uplo, const int* n, const double* alpha, const void* x, const int* incx, void* a,
@@ -115,7 +116,7 @@ extern "C" void zher_(const char* uplo, const int* n, const double* alpha, const
 extern "C" void dsyr2_(const char* uplo, const int* n, const double* alpha, const double* x, const int* incx,
                        const double* y, const int* incy, double* a, const int* lda)
 {
-    orv::syr2_shape<&Level2Kernels::dsyr2>("DSYR2 ", uplo, n, alpha, x, incx, y, incy, a, lda);
+    orv::syr2_shape<orv_blas_dsyr2>("DSYR2 ", uplo, n, alpha, x, incx, y, incy, a, lda);
 }
 
 extern "C" void zher2_(const char* uplo, const int* n, const void* alpha, const void* x, const int* incx, const void* y,

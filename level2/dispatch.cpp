@@ -16,8 +16,9 @@
         .dtrmv = ns::dtrmv, .ztrmv = ns::ztrmv, .dtrmv_strip = ns::dtrmv_strip,                               \
         .ztrmv_strip = ns::ztrmv_strip, .dtrsv = ns::dtrsv, .ztrsv = ns::ztrsv,                               \
                                                                                                               \
-        .dsyr = plain::dsyr, .dsyr2 = plain::dsyr2, .zher = plain::zher, .zher2 = plain::zher2,               \
-        .dspr = plain::dspr, .dspr2 = plain::dspr2, .zhpr = plain::zhpr, .zhpr2 = plain::zhpr2,               \
+        .dsyr = ns::dsyr, .dsyr2 = ns::dsyr2, .dsyr_strip = ns::dsyr_strip, .dsyr2_strip = ns::dsyr2_strip,   \
+        .zher = ns::zher, .zher2 = ns::zher2, .dspr = ns::dspr, .dspr2 = ns::dspr2, .zhpr = ns::zhpr,         \
+        .zhpr2 = ns::zhpr2,                                                                                   \
                                                                                                               \
         .dgbmv = ns::dgbmv, .zgbmv = ns::zgbmv, .dsbmv = ns::dsbmv, .zhbmv = ns::zhbmv,                       \
         .dspmv = ns::dspmv, .zhpmv = ns::zhpmv, .dtbmv = ns::dtbmv, .ztbmv = ns::ztbmv,                       \

@@ -26,14 +26,16 @@ struct Level2Kernels {
     TriangularKernel<double> dtrsv;
     TriangularKernel<dcomplex> ztrsv;
     // Symmetric and Hermitian rank-1 and rank-2 updates, full and packed.
-    decltype(&plain::dsyr) dsyr;
-    decltype(&plain::dsyr2) dsyr2;
-    decltype(&plain::zher) zher;
-    decltype(&plain::zher2) zher2;
-    decltype(&plain::dspr) dspr;
-    decltype(&plain::dspr2) dspr2;
-    decltype(&plain::zhpr) zhpr;
-    decltype(&plain::zhpr2) zhpr2;
+    SyrKernel<double> dsyr;
+    Syr2Kernel<double> dsyr2;
+    SyrStripKernel<double> dsyr_strip;
+    Syr2StripKernel<double> dsyr2_strip;
+    decltype(&def::zher) zher;
+    decltype(&def::zher2) zher2;
+    decltype(&def::dspr) dspr;
+    decltype(&def::dspr2) dspr2;
+    decltype(&def::zhpr) zhpr;
+    decltype(&def::zhpr2) zhpr2;
     // Band and packed products and solves.
     decltype(&plain::dgbmv) dgbmv;
     decltype(&plain::zgbmv) zgbmv;

@@ -1,19 +1,20 @@
 // The single-thread matrix-vector kernels of every build, declared in the
 // build's namespace (the kernels' contracts: level2/gemv_kernel.h,
-// level2/ger_kernel.h, level2/trmv_kernel.h).
+// level2/ger_kernel.h, level2/symv_kernel.h, level2/trmv_kernel.h,
+// level2/syr_kernel.h).
 //
 // def is the baseline build; cnr its reproducible twin, whose results depend
 // neither on the processor nor on where the arrays lie. cnr has general
-// products of its own, and triangular products and solves built over them;
-// its rank-1 updates are def's, since the baseline axpy rounds every element
-// alike wherever the arrays lie, and so are its symmetric and Hermitian
-// products, whose orders never depend on placement, and its band and packed
-// kernels, whose sums' orders follow the shape alone.
+// products of its own, and triangular products and solves built over them.
+// Everything else it shares with def, whose orders of operations follow the
+// shape alone: the rank-1 and rank-2 updates, the symmetric and Hermitian
+// products, and the band and packed kernels.
 #pragma once
 
 #include "level2/gemv_kernel.h"
 #include "level2/ger_kernel.h"
 #include "level2/symv_kernel.h"
+#include "level2/syr_kernel.h"
 #include "level2/trmv_kernel.h"
 
 namespace orv {
@@ -24,6 +25,7 @@ namespace def {
 #include "level2/kernels/symv_signatures.inc"
 #include "level2/kernels/trmv_signatures.inc"
 #include "level2/kernels/band_signatures.inc"
+#include "level2/kernels/syr_signatures.inc"
 }  // namespace def
 namespace cnr {
 #include "level2/kernels/gemv_signatures.inc"
@@ -35,6 +37,7 @@ namespace mc {
 #include "level2/kernels/symv_signatures.inc"
 #include "level2/kernels/trmv_signatures.inc"
 #include "level2/kernels/band_signatures.inc"
+#include "level2/kernels/syr_signatures.inc"
 }  // namespace mc
 namespace mc3 {
 #include "level2/kernels/gemv_signatures.inc"
@@ -42,6 +45,7 @@ namespace mc3 {
 #include "level2/kernels/symv_signatures.inc"
 #include "level2/kernels/trmv_signatures.inc"
 #include "level2/kernels/band_signatures.inc"
+#include "level2/kernels/syr_signatures.inc"
 }  // namespace mc3
 namespace avx {
 #include "level2/kernels/gemv_signatures.inc"
@@ -49,6 +53,7 @@ namespace avx {
 #include "level2/kernels/symv_signatures.inc"
 #include "level2/kernels/trmv_signatures.inc"
 #include "level2/kernels/band_signatures.inc"
+#include "level2/kernels/syr_signatures.inc"
 }  // namespace avx
 namespace avx2 {
 #include "level2/kernels/gemv_signatures.inc"
@@ -56,6 +61,7 @@ namespace avx2 {
 #include "level2/kernels/symv_signatures.inc"
 #include "level2/kernels/trmv_signatures.inc"
 #include "level2/kernels/band_signatures.inc"
+#include "level2/kernels/syr_signatures.inc"
 }  // namespace avx2
 namespace avx512_qix {
 #include "level2/kernels/gemv_signatures.inc"
@@ -63,6 +69,7 @@ namespace avx512_qix {
 #include "level2/kernels/symv_signatures.inc"
 #include "level2/kernels/trmv_signatures.inc"
 #include "level2/kernels/band_signatures.inc"
+#include "level2/kernels/syr_signatures.inc"
 }  // namespace avx512_qix
 namespace avx512 {
 #include "level2/kernels/gemv_signatures.inc"
@@ -70,6 +77,7 @@ namespace avx512 {
 #include "level2/kernels/symv_signatures.inc"
 #include "level2/kernels/trmv_signatures.inc"
 #include "level2/kernels/band_signatures.inc"
+#include "level2/kernels/syr_signatures.inc"
 }  // namespace avx512
 
 }  // namespace orv

@@ -69,35 +69,21 @@ void zhpmv(const char* uplo, const i64* n, const dcomplex* alpha, const dcomplex
 // uplo triangle only, full (syr, her) or packed (spr, hpr).
 void ssyr(const char* uplo, const i64* n, const float* alpha, const float* x, const i64* incx, float* a,
           const i64* lda);
-void dsyr(const char* uplo, const i64* n, const double* alpha, const double* x, const i64* incx, double* a,
-          const i64* lda);
 void cher(const char* uplo, const i64* n, const float* alpha, const fcomplex* x, const i64* incx, fcomplex* a,
           const i64* lda);
-void zher(const char* uplo, const i64* n, const double* alpha, const dcomplex* x, const i64* incx, dcomplex* a,
-          const i64* lda);
 void sspr(const char* uplo, const i64* n, const float* alpha, const float* x, const i64* incx, float* ap);
-void dspr(const char* uplo, const i64* n, const double* alpha, const double* x, const i64* incx, double* ap);
 void chpr(const char* uplo, const i64* n, const float* alpha, const fcomplex* x, const i64* incx, fcomplex* ap);
-void zhpr(const char* uplo, const i64* n, const double* alpha, const dcomplex* x, const i64* incx, dcomplex* ap);
 
 // A := alpha * x * y^T + alpha * y * x^T + A
 // (complex routines: alpha * x * y^H + conj(alpha) * y * x^H + A), uplo triangle only.
 void ssyr2(const char* uplo, const i64* n, const float* alpha, const float* x, const i64* incx, const float* y,
            const i64* incy, float* a, const i64* lda);
-void dsyr2(const char* uplo, const i64* n, const double* alpha, const double* x, const i64* incx, const double* y,
-           const i64* incy, double* a, const i64* lda);
 void cher2(const char* uplo, const i64* n, const fcomplex* alpha, const fcomplex* x, const i64* incx, const fcomplex* y,
            const i64* incy, fcomplex* a, const i64* lda);
-void zher2(const char* uplo, const i64* n, const dcomplex* alpha, const dcomplex* x, const i64* incx,
-           const dcomplex* y, const i64* incy, dcomplex* a, const i64* lda);
 void sspr2(const char* uplo, const i64* n, const float* alpha, const float* x, const i64* incx, const float* y,
            const i64* incy, float* ap);
-void dspr2(const char* uplo, const i64* n, const double* alpha, const double* x, const i64* incx, const double* y,
-           const i64* incy, double* ap);
 void chpr2(const char* uplo, const i64* n, const fcomplex* alpha, const fcomplex* x, const i64* incx, const fcomplex* y,
            const i64* incy, fcomplex* ap);
-void zhpr2(const char* uplo, const i64* n, const dcomplex* alpha, const dcomplex* x, const i64* incx,
-           const dcomplex* y, const i64* incy, dcomplex* ap);
 
 // x := op(A) * x, A triangular: full (trmv), band with k off-diagonals (tbmv) or packed (tpmv).
 void strmv(const char* uplo, const char* trans, const char* diag, const i64* n, const float* a, const i64* lda,

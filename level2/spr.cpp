@@ -24,17 +24,7 @@ void sspr(const char* uplo, const i64* n, const float* alpha, const float* x, co
     l2::spr(uplo, n, alpha, x, incx, ap);
 }
 
-void dspr(const char* uplo, const i64* n, const double* alpha, const double* x, const i64* incx, double* ap)
-{
-    l2::spr(uplo, n, alpha, x, incx, ap);
-}
-
 void chpr(const char* uplo, const i64* n, const float* alpha, const fcomplex* x, const i64* incx, fcomplex* ap)
-{
-    l2::spr(uplo, n, alpha, x, incx, ap);
-}
-
-void zhpr(const char* uplo, const i64* n, const double* alpha, const dcomplex* x, const i64* incx, dcomplex* ap)
 {
     l2::spr(uplo, n, alpha, x, incx, ap);
 }

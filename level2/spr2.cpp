@@ -26,20 +26,8 @@ void sspr2(const char* uplo, const i64* n, const float* alpha, const float* x, c
     l2::spr2(uplo, n, alpha, x, incx, y, incy, ap);
 }
 
-void dspr2(const char* uplo, const i64* n, const double* alpha, const double* x, const i64* incx, const double* y,
-           const i64* incy, double* ap)
-{
-    l2::spr2(uplo, n, alpha, x, incx, y, incy, ap);
-}
-
 void chpr2(const char* uplo, const i64* n, const fcomplex* alpha, const fcomplex* x, const i64* incx,
            const fcomplex* y, const i64* incy, fcomplex* ap)
-{
-    l2::spr2(uplo, n, alpha, x, incx, y, incy, ap);
-}
-
-void zhpr2(const char* uplo, const i64* n, const dcomplex* alpha, const dcomplex* x, const i64* incx,
-           const dcomplex* y, const i64* incy, dcomplex* ap)
 {
     l2::spr2(uplo, n, alpha, x, incx, y, incy, ap);
 }

@@ -24,19 +24,7 @@ void ssyr(const char* uplo, const i64* n, const float* alpha, const float* x, co
     l2::syr(uplo, n, alpha, x, incx, a, lda);
 }
 
-void dsyr(const char* uplo, const i64* n, const double* alpha, const double* x, const i64* incx, double* a,
-          const i64* lda)
-{
-    l2::syr(uplo, n, alpha, x, incx, a, lda);
-}
-
 void cher(const char* uplo, const i64* n, const float* alpha, const fcomplex* x, const i64* incx, fcomplex* a,
-          const i64* lda)
-{
-    l2::syr(uplo, n, alpha, x, incx, a, lda);
-}
-
-void zher(const char* uplo, const i64* n, const double* alpha, const dcomplex* x, const i64* incx, dcomplex* a,
           const i64* lda)
 {
     l2::syr(uplo, n, alpha, x, incx, a, lda);

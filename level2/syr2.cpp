@@ -26,20 +26,8 @@ void ssyr2(const char* uplo, const i64* n, const float* alpha, const float* x, c
     l2::syr2(uplo, n, alpha, x, incx, y, incy, a, lda);
 }
 
-void dsyr2(const char* uplo, const i64* n, const double* alpha, const double* x, const i64* incx, const double* y,
-           const i64* incy, double* a, const i64* lda)
-{
-    l2::syr2(uplo, n, alpha, x, incx, y, incy, a, lda);
-}
-
 void cher2(const char* uplo, const i64* n, const fcomplex* alpha, const fcomplex* x, const i64* incx,
            const fcomplex* y, const i64* incy, fcomplex* a, const i64* lda)
-{
-    l2::syr2(uplo, n, alpha, x, incx, y, incy, a, lda);
-}
-
-void zher2(const char* uplo, const i64* n, const dcomplex* alpha, const dcomplex* x, const i64* incx,
-           const dcomplex* y, const i64* incy, dcomplex* a, const i64* lda)
 {
     l2::syr2(uplo, n, alpha, x, incx, y, incy, a, lda);
 }

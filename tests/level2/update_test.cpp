@@ -106,6 +106,26 @@ TYPED_TEST(Level2Update, General)
     }
 }
 
+// dsyr/zher, dspr/zhpr (the real part of alpha), dsyr2/zher2, dspr2/zhpr2.
+template <typename T>
+void symmetric_update(bool rank2, bool packed, char uplo, long n, T alpha, const T* x, long incx, const T* y,
+                      long incy, T* a, long lda)
+{
+    const int in = n, ild = lda, ix = incx, iy = incy;
+    const double alpha_r = std::real(zcomplex(alpha));
+    if constexpr (kComplex<T>) {
+        if (!rank2 && packed) zhpr_(&uplo, &in, &alpha_r, x, &ix, a);
+        if (!rank2 && !packed) zher_(&uplo, &in, &alpha_r, x, &ix, a, &ild);
+        if (rank2 && packed) zhpr2_(&uplo, &in, &alpha, x, &ix, y, &iy, a);
+        if (rank2 && !packed) zher2_(&uplo, &in, &alpha, x, &ix, y, &iy, a, &ild);
+    } else {
+        if (!rank2 && packed) dspr_(&uplo, &in, &alpha_r, x, &ix, a);
+        if (!rank2 && !packed) dsyr_(&uplo, &in, &alpha_r, x, &ix, a, &ild);
+        if (rank2 && packed) dspr2_(&uplo, &in, &alpha, x, &ix, y, &iy, a);
+        if (rank2 && !packed) dsyr2_(&uplo, &in, &alpha, x, &ix, y, &iy, a, &ild);
+    }
+}
+
 // dsyr/zher, dspr/zhpr (real alpha), dsyr2/zher2, dspr2/zhpr2.
 TYPED_TEST(Level2Update, SymmetricFullAndPacked)
 {
@@ -127,19 +147,8 @@ TYPED_TEST(Level2Update, SymmetricFullAndPacked)
                             const bool upper = ul == 'U';
                             Matrix<T> a(packed ? Storage::packed(n, upper)
                                                : Storage::triangle(n, upper, std::max(n, 1L) + count % 3));
-                            const int in = n, lda = a.s.ld, ix = incx, iy = incy;
                             auto call = [&](const T* px, const T* py, T* pa) {
-                                if constexpr (kComplex<T>) {
-                                    if (!rank2 && packed) zhpr_(&uplo, &in, &alpha_r, px, &ix, pa);
-                                    if (!rank2 && !packed) zher_(&uplo, &in, &alpha_r, px, &ix, pa, &lda);
-                                    if (rank2 && packed) zhpr2_(&uplo, &in, &alpha, px, &ix, py, &iy, pa);
-                                    if (rank2 && !packed) zher2_(&uplo, &in, &alpha, px, &ix, py, &iy, pa, &lda);
-                                } else {
-                                    if (!rank2 && packed) dspr_(&uplo, &in, &alpha_r, px, &ix, pa);
-                                    if (!rank2 && !packed) dsyr_(&uplo, &in, &alpha_r, px, &ix, pa, &lda);
-                                    if (rank2 && packed) dspr2_(&uplo, &in, &alpha, px, &ix, py, &iy, pa);
-                                    if (rank2 && !packed) dsyr2_(&uplo, &in, &alpha, px, &ix, py, &iy, pa, &lda);
-                                }
+                                symmetric_update(rank2, packed, uplo, n, alpha, px, incx, py, incy, pa, a.s.ld);
                             };
                             const auto r = check_update(rng, a, meaning, incx, incy, rank2, !rank2, kComplex<T>,
                                                         zcomplex(alpha), call);
@@ -228,6 +237,105 @@ TYPED_TEST(Level2Update, ZeroEntrySkipsItsColumn)
                 EXPECT_TRUE(orvtest::same_bits(now[p], a0[p])) << (ger ? "ger" : "syr") << " element " << idx;
         }
     }
+}
+
+// The standard loops with their skips: a column whose x(j) (and y(j)) are
+// zero is left alone, a Hermitian diagonal set real all the same; every other
+// column takes x*t1 (+ y*t2) whole, a NaN times a zero multiplier included.
+template <typename T>
+Expect skipping_model(const Matrix<T>& a, bool rank2, zcomplex alpha, const std::vector<zcomplex>& x,
+                      const std::vector<zcomplex>& y)
+{
+    constexpr bool herm = kComplex<T>;
+    auto cj = [](zcomplex v) { return herm ? std::conj(v) : v; };
+    Expect want(a.buf.size());
+    for (long j = 0; j < a.s.n; ++j) {
+        const zcomplex diag = herm ? zcomplex(a.get(j, j).real()) : a.get(j, j);
+        if (x[j] == 0.0 && (!rank2 || y[j] == 0.0)) {
+            if (herm) want[a.s.index(j, j)] = diag;
+            continue;
+        }
+        const zcomplex t1 = alpha * cj(rank2 ? y[j] : x[j]), t2 = cj(alpha * x[j]);
+        for (long i = 0; i < a.s.n; ++i) {
+            if (!a.s.holds(i, j)) continue;
+            zcomplex v = x[i] * t1;
+            if (rank2) v += y[i] * t2;
+            want[a.s.index(i, j)] = i == j ? diag + (herm ? zcomplex(v.real()) : v) : a.get(i, j) + v;
+        }
+    }
+    return want;
+}
+
+// Zero multipliers beside NaN: a column with x(j) = 0 (rank 2: and y(j) = 0)
+// keeps the row of the NaN finite; with x(j) = 0 alone a rank-2 column still
+// takes NaN * 0 from y. Both triangles, full and packed, every increment
+// pair; the Hermitian diagonal (stored with a NaN imaginary part) comes out
+// real in skipped columns too.
+TYPED_TEST(Level2Update, ZeroMultipliersBesideNaN)
+{
+    using T = TypeParam;
+    const long n = 37;
+    Rng rng(25);
+    for (const bool rank2 : {false, true})
+        for (const bool packed : {false, true})
+            for (const bool upper : {true, false})
+                for (const auto& [incx, incy] : kIncrements) {
+                    Matrix<T> a(packed ? Storage::packed(n, upper) : Storage::triangle(n, upper, n + 2));
+                    a.fill(rng, kComplex<T> ? Meaning::kHermitian : Meaning::kSymmetric);
+                    Vector<T> x(n, incx), y(n, incy);
+                    x.fill(rng);
+                    y.fill(rng);
+                    // Column `skipped` covers row `nan`, and so does `half` in an upper triangle.
+                    const long nan = upper ? 11 : 30, skipped = upper ? 25 : 5, half = 20;
+                    x[skipped] = y[skipped] = x[half] = T(0.0);
+                    (rank2 ? y : x)[nan] = nan_value<T>();
+                    const T alpha = alphas<T>().back();
+                    // The rank-1 forms take the real part.
+                    const zcomplex alpha_m = rank2 ? zcomplex(alpha) : zcomplex(std::real(zcomplex(alpha)));
+                    const auto a0 = a.buf.snapshot();
+                    const Expect want = skipping_model(a, rank2, alpha_m, x.values(), y.values());
+                    symmetric_update(rank2, packed, upper ? 'U' : 'L', n, alpha, x.buf.data(), incx, y.buf.data(),
+                                     incy, a.buf.data(), a.s.ld);
+                    const auto now = a.buf.snapshot();
+                    const long pad = static_cast<long>(Guarded<T>::kPad);
+                    for (std::size_t p = 0; p < now.size(); ++p) {
+                        const long idx = static_cast<long>(p) - pad;
+                        const std::string where = std::string(rank2 ? "rank 2 " : "rank 1 ") + a.s.describe() +
+                                                  " incx " + std::to_string(incx) + " incy " +
+                                                  std::to_string(incy) + " element " + std::to_string(idx);
+                        if (idx < 0 || idx >= static_cast<long>(want.size()) || !want[idx]) {
+                            ASSERT_TRUE(orvtest::same_bits(now[p], a0[p])) << where << " changed";
+                            continue;
+                        }
+                        const zcomplex got = zcomplex(now[p]), w = kComplex<T> ? *want[idx] : want[idx]->real();
+                        const bool finite = std::isfinite(got.real()) && std::isfinite(got.imag());
+                        ASSERT_EQ(finite, std::isfinite(w.real()) && std::isfinite(w.imag())) << where;
+                        if (finite) {
+                            ASSERT_EQ(got, w) << where;
+                        }
+                    }
+                }
+}
+
+// Orders on either side of the one from which dsyr and dsyr2 share their
+// columns out (a team where the run allows threads).
+TEST(Level2UpdateLarge, OrdersAroundTheTeamThreshold)
+{
+    Rng rng(26);
+    for (const long n : {1499L, 1531L})
+        for (const bool rank2 : {false, true})
+            for (const char uplo : {'U', 'l'})
+                for (const auto& [incx, incy] : {std::pair{1L, 1L}, std::pair{-1L, -3L}}) {
+                    Matrix<double> a(Storage::triangle(n, uplo == 'U', n + 2));
+                    const double alpha = -0.375;
+                    auto call = [&](const double* px, const double* py, double* pa) {
+                        symmetric_update(rank2, false, uplo, n, alpha, px, incx, py, incy, pa, a.s.ld);
+                    };
+                    const auto r = check_update(rng, a, Meaning::kSymmetric, incx, incy, rank2, !rank2, false,
+                                                zcomplex(alpha), call);
+                    ASSERT_TRUE(r) << (rank2 ? "dsyr2 " : "dsyr ") << uplo << " n " << n << " incx " << incx
+                                   << " incy " << incy;
+                }
 }
 
 }  // namespace

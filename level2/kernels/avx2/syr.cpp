@@ -1,0 +1,12 @@
+// Symmetric and Hermitian rank updates: the avx2 code path's instance of the
+// shared kernels.
+#include "level1/kernels/avx2/vec.h"
+#include "level2/kernels.h"
+#include "service/memory.h"
+
+namespace orv::avx2 {
+
+#include "level1/kernels/wide/map.inc"
+#include "level2/kernels/syr.inc"
+
+}  // namespace orv::avx2

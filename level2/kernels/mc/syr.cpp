@@ -1,0 +1,12 @@
+// Symmetric and Hermitian rank updates: the mc code path's instance of the
+// shared kernels.
+#include "level1/kernels/mc/vec.h"
+#include "level2/kernels.h"
+#include "service/memory.h"
+
+namespace orv::mc {
+
+#include "level1/kernels/wide/map.inc"
+#include "level2/kernels/syr.inc"
+
+}  // namespace orv::mc
