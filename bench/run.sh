@@ -67,8 +67,10 @@ run() {
 
 l1_sizes=1000,100000,10000000
 l1_opts=(--benchmark_min_time=0.1 --benchmark_repetitions=3)
-l2_sizes=500,2000,4000,8000
-# GEMV rows report the fastest of three repetitions, for both libraries.
+l2_routines=dgemv_n,dgemv_t,zgemv_n,zgemv_c,dger,zgerc,dsymv,zhemv,dtrmv,dtrsv,ztrmv,ztrsv,dgbmv,dsbmv,dspmv,dtpmv,dtbsv,dsyr2,dsyr,zher,zher2
+l2_sizes=500,2000,8000
+l2_sizes_threads=4000,8000
+# Level-2 rows report the fastest of three repetitions, for both libraries.
 l2_opts=(--benchmark_min_time=0.2 --benchmark_repetitions=3)
 gemm_sizes=8,16,32,64,128,256,500,1000,2000,4000
 gemm_shapes=2000x2000x64,64x2000x2000,2000x64x2000
@@ -87,8 +89,10 @@ run l1_haswell "Level 1, default path, 1 thread, OpenBLAS Haswell kernels" OPENB
 run l1_threads2 "Level 1, default path, 2 threads, OpenBLAS choosing its own kernels" \
   -- "$level1" --sizes=10000000 --threads=2 "${l1_opts[@]}"
 
-run l2_default "Level 2 GEMV, default path, 1 and 2 threads, OpenBLAS choosing its own kernels" \
-  -- "$level2" --sizes=$l2_sizes --incs=1,2 --threads=1,2 "${l2_opts[@]}"
+run l2_default "Level 2, default path, 1 thread, OpenBLAS choosing its own kernels" \
+  -- "$level2" --routines=$l2_routines --sizes=$l2_sizes --incs=1,2 --threads=1 "${l2_opts[@]}"
+run l2_threads2 "Level 2, default path, 2 threads, OpenBLAS choosing its own kernels" \
+  -- "$level2" --routines=$l2_routines --sizes=$l2_sizes_threads --incs=1 --threads=2 "${l2_opts[@]}"
 
 run gemm_avx2 "DGEMM, default path (avx2), 1 thread, OpenBLAS Haswell" OPENBLAS_CORETYPE=Haswell \
   -- "$gemm" --sizes=$gemm_sizes --shapes=$gemm_shapes --trans=NN,NT,TN,TT "${gemm_opts[@]}"

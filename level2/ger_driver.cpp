@@ -5,8 +5,7 @@
 
 #include "level1/frame/frame.h"
 #include "level2/dispatch.h"
-#include "level2/team_gate.h"
-#include "service/thread_policy.h"
+#include "level2/teams.h"
 
 namespace orv::l2 {
 namespace {
@@ -16,22 +15,12 @@ constexpr i64 kMinColumns = 128;
 // Up to this many columns a thread, fewer blocks than threads.
 constexpr i64 kColumnsPerBlock = 32;
 
-// How many blocks to cut the n columns into; 1 runs the kernel once here.
-i64 blocks_for(i64 n)
-{
-    if (n < kMinColumns || !team_gate_open()) return 1;
-    const i64 threads = get_max_threads_for_domain(kDomainBlas);
-    if (threads <= 1) return 1;
-    if (n <= kColumnsPerBlock * threads) return n / kColumnsPerBlock > 1 ? n / kColumnsPerBlock : 1;
-    return threads;
-}
-
 template <auto Slot, typename T>
 void ger(i64 m, i64 n, const T* alpha, const T* x, i64 incx, const T* y, i64 incy, T* a, i64 lda)
 {
     if (n < 1) return;
     const i64 flag = 0;
-    const i64 blocks = blocks_for(n);
+    const i64 blocks = team_parts(n, kMinColumns, kColumnsPerBlock);
     if (blocks == 1) {
         dispatch<Slot>(&m, &n, alpha, x, &incx, y, &incy, a, &lda, &flag);
         return;

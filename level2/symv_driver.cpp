@@ -9,10 +9,9 @@
 #include "level1/dispatch.h"
 #include "level1/frame/frame.h"
 #include "level2/dispatch.h"
-#include "level2/team_gate.h"
+#include "level2/teams.h"
 #include "service/elements.h"
 #include "service/memory.h"
-#include "service/thread_policy.h"
 
 namespace orv::l2 {
 
@@ -25,15 +24,6 @@ constexpr i64 kRowsPerPart = 32;
 // A work vector holds its part's [lo, hi) in its first two elements and the
 // sums from this element on (a whole cache line further).
 constexpr i64 kHead = 8;
-
-i64 parts_for(i64 n)
-{
-    if (n < kMinOrder || !team_gate_open()) return 1;
-    const i64 threads = get_max_threads_for_domain(kDomainBlas);
-    if (threads <= 1) return 1;
-    if (n <= kRowsPerPart * threads) return n / kRowsPerPart > 1 ? n / kRowsPerPart : 1;
-    return threads;
-}
 
 // The leading columns whose triangle holds c shares. The rounding of the
 // square root decides where the parts meet, and so the partial sums: it is
@@ -136,7 +126,7 @@ void symv(const char* uplo, i64 n, const double* alpha, const double* a, i64 lda
           const double* beta, double* y, i64 incy)
 {
     if (n < 1) return;
-    const i64 parts = parts_for(n);
+    const i64 parts = team_parts(n, kMinOrder, kRowsPerPart);
     if (parts == 1) {
         kernel(uplo, n, alpha, a, lda, x, incx, beta, y, incy);
         return;

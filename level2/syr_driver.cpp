@@ -4,7 +4,7 @@
 
 #include "level1/frame/frame.h"
 #include "level2/dispatch.h"
-#include "level2/team_gate.h"
+#include "level2/teams.h"
 #include "service/thread_policy.h"
 
 namespace orv::l2 {
@@ -12,23 +12,6 @@ namespace {
 
 // Smaller matrices stay on the calling thread.
 constexpr i64 kMinOrder = 1500;
-
-// Thread t's columns in a team of `team` (at least 2). The first team / 2
-// threads share the first F columns in equal runs of a multiple of 8, the
-// others the rest, the last of them taking what is left. Past 1024 columns F
-// is two thirds of them in an upper triangle, whose left columns are short,
-// and one third in a lower one, whose left columns are long.
-frame::Chunk columns_of(i64 n, bool upper, i64 team, i64 t)
-{
-    const i64 first_group = team / 2;
-    const i64 f = n < 1025 ? n / 2 : (upper ? 2 * n / 3 : n / 3);
-    const i64 c1 = f / first_group / 8 * 8;
-    if (t < first_group) return {t * c1, c1, n};
-    const i64 q = n - first_group * c1, second = team - first_group;
-    const i64 c2 = q / second / 8 * 8;
-    const i64 start = first_group * c1 + (t - first_group) * c2;
-    return {start, t == team - 1 ? n - start : c2, n};
-}
 
 // The threads to request, 1 for one whole-matrix call here.
 i64 team_for(i64 n)
@@ -59,7 +42,10 @@ void share_columns(const char* uplo, i64 n, i64 lda, const Whole& whole, const S
             whole();
             return;
         }
-        const frame::Chunk mine = columns_of(n, upper, team, t);
+        // Past 1024 columns the first group takes two thirds of an upper
+        // triangle, whose left columns are short, one third of a lower one.
+        const i64 first = n < kUnequalGroupsFrom ? n / 2 : (upper ? 2 * n / 3 : n / 3);
+        const frame::Chunk mine = two_group_share(n, first, team, t);
         if (mine.length < 1) return;
         if (upper) {
             const frame::Chunk part{0, mine.start + mine.length, n};

@@ -7,7 +7,7 @@
 
 #include "level1/frame/frame.h"
 #include "level2/dispatch.h"
-#include "level2/team_gate.h"
+#include "level2/teams.h"
 #include "service/memory.h"
 #include "service/thread_policy.h"
 
@@ -25,37 +25,12 @@ struct TrmvLimits {
 constexpr TrmvLimits kDtrmv{128, 8, 9, "DTRMV"};
 constexpr TrmvLimits kZtrmv{96, 8, 6, "ZTRMV"};
 
-// From this n on the two groups of the team get unequal parts.
-constexpr i64 kUnequalFrom = 1025;
-
 i64 team_for(i64 n, const TrmvLimits& k)
 {
     if (n < k.min_n || !team_gate_open()) return 1;
     const i64 threads = get_max_threads_for_domain(kDomainBlas);
     if (threads <= 1) return 1;
     return threads <= k.few_threads || n > k.per_thread * threads ? threads : 1;
-}
-
-struct Rows {
-    i64 first, count;
-};
-
-// Thread t's rows of a team of `team` (at least 2). The first team / 2
-// threads share the first f rows and the others the rest, shares rounded
-// down to a multiple of 8 and the last thread taking what is left. Rows at
-// the top hold the longer dot products for U*x and L'*x, at the bottom for
-// L*x and U'*x: the group with the longer rows gets fewer of them.
-Rows rows_of(i64 n, bool upper, bool transposed, i64 team, i64 t)
-{
-    const i64 first_group = team / 2;
-    const i64 f = n < kUnequalFrom ? n / 2 : (upper != !transposed ? 2 * n / 3 : n / 3);
-    const i64 c1 = f / first_group / 8 * 8;
-    if (t < first_group) return {t * c1, c1};
-    const i64 q = n - first_group * c1;
-    const i64 c2 = q / (team - first_group) / 8 * 8;
-    const i64 first = first_group * c1 + (t - first_group) * c2;
-    if (t < team - 1) return {first, c2};
-    return {first, n - first > 0 ? n - first : 0};
 }
 
 template <typename T>
@@ -94,8 +69,12 @@ void trmv(const char* uplo, const char* trans, const char* diag, i64 n, const T*
             whole();
             return;
         }
-        const Rows r = rows_of(n, upper, transposed, team, t);
-        if (r.count > 0) dispatch<Strip>(uplo, trans, diag, &n, a, &lda, copy, &r.first, &r.count, x, &incx);
+        // Rows at the top hold the longer dot products for U*x and L'*x, at
+        // the bottom for L*x and U'*x: the group with the longer rows gets
+        // fewer of them.
+        const i64 first = n < kUnequalGroupsFrom ? n / 2 : (upper != !transposed ? 2 * n / 3 : n / 3);
+        const frame::Chunk r = two_group_share(n, first, team, t);
+        if (r.length > 0) dispatch<Strip>(uplo, trans, diag, &n, a, &lda, copy, &r.start, &r.length, x, &incx);
     });
     orv_free(copy);
 }

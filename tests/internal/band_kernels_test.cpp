@@ -16,6 +16,7 @@
 #include "level2/dispatch.h"
 #include "orv_test.h"
 #include "service/memory.h"
+#include "teams.h"
 
 namespace orvtest {
 namespace {
@@ -141,11 +142,6 @@ std::vector<double> run(const K& slots, const Case& c, const std::vector<double>
     std::vector<double> pa = place(a), px = place(x), py = place(y);
     c.call(slots, pa.data() + shift, px.data() + shift, py.data() + shift);
     return std::vector<double>(py.begin() + shift, py.end());
-}
-
-bool same(const std::vector<double>& a, const std::vector<double>& b)
-{
-    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(double)) == 0;
 }
 
 TEST(BandKernels, SameBitsWhereverTheArraysLieAndWithoutScratch)

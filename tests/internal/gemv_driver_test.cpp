@@ -31,22 +31,7 @@ using orv::dispatch;
 using orv::i64;
 using K = orv::Level2Kernels;
 
-template <typename T>
-T value(Rng& rng)
-{
-    if constexpr (std::is_same_v<T, dcomplex>) {
-        const double re = rng.full();
-        return {re, rng.full()};
-    } else {
-        return rng.full();
-    }
-}
 
-template <typename T>
-bool same(const std::vector<T>& a, const std::vector<T>& b)
-{
-    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(T)) == 0;
-}
 
 // One product: y := alpha op(A) x + beta y on m x n with lda = m + 3.
 template <typename T>

@@ -8,7 +8,7 @@
 
 #include "level2/dispatch.h"
 #include "level2/symv_driver.h"
-#include "level2/team_gate.h"
+#include "level2/teams.h"
 #include "orv_test.h"
 #include "service/memory.h"
 #include "teams.h"
@@ -21,11 +21,6 @@ using orv::dispatch;
 using orv::i64;
 using K = orv::Level2Kernels;
 
-template <typename T>
-bool same(const std::vector<T>& a, const std::vector<T>& b)
-{
-    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(T)) == 0;
-}
 
 // One product y := alpha A x + beta y, A n x n with lda = n + 2.
 struct Product {

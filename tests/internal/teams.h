@@ -1,14 +1,19 @@
 // Pieces of the tests of the threaded drivers: the thread count a driver
-// may use, the team the runtime grants, and a dispatch slot replaced for the
-// length of a test.
+// may use, the team the runtime grants, a dispatch slot replaced for the
+// length of a test, full-precision inputs and the comparison of results bit
+// for bit.
 #pragma once
 
 #include <omp.h>
 
+#include <cstring>
 #include <type_traits>
+#include <vector>
 
 #include "service/dispatch.h"
+#include "orv_test.h"
 #include "service/thread_policy.h"
+#include "service/types.h"
 
 namespace orvtest {
 
@@ -48,5 +53,25 @@ private:
     static Fn& slot() { return orv::Family<Record>::slots.*M; }
     Fn saved_;
 };
+
+// A value using all 53 bits of each part, so that a wrong order of additions
+// shows in the result.
+template <typename T>
+T value(Rng& rng)
+{
+    if constexpr (std::is_same_v<T, orv::dcomplex>) {
+        const double re = rng.full();
+        return {re, rng.full()};
+    } else {
+        return rng.full();
+    }
+}
+
+// The same bits throughout.
+template <typename T>
+bool same(const std::vector<T>& a, const std::vector<T>& b)
+{
+    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(T)) == 0;
+}
 
 }  // namespace orvtest

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "level2/dispatch.h"
-#include "level2/team_gate.h"
+#include "level2/teams.h"
 #include "level2/trmv_driver.h"
 #include "orv_test.h"
 #include "service/memory.h"
@@ -94,22 +94,7 @@ TEST(TrmvTeams, EachThreadGetsItsRows)
 
 // ---- Results ---------------------------------------------------------------------
 
-template <typename T>
-T value(Rng& rng)
-{
-    if constexpr (std::is_same_v<T, dcomplex>) {
-        const double re = rng.full();
-        return {re, rng.full()};
-    } else {
-        return rng.full();
-    }
-}
 
-template <typename T>
-bool same(const std::vector<T>& a, const std::vector<T>& b)
-{
-    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(T)) == 0;
-}
 
 // x := op(A) x through the driver on a copy of x; A n x n with lda n + 1,
 // the diagonal kept away from zero.
