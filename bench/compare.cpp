@@ -26,7 +26,7 @@ bool resolve(void* handle, const char* name, F* target, bool required)
 {
     *target = reinterpret_cast<F>(dlsym(handle, name));
     if (*target == nullptr && required) {
-        std::printf("%s: symbol %s not found in %s; its rows are skipped\n", kRefName, name, kRefPath);
+        std::printf("%s: symbol %s not found in %s; its rows are skipped\n", ref_name(), name, ref_library().path);
         return false;
     }
     return true;
@@ -34,15 +34,26 @@ bool resolve(void* handle, const char* name, F* target, bool required)
 
 }  // namespace
 
+const RefLibrary& ref_library()
+{
+    const char* key = std::getenv("BENCH_COMPARE");
+    for (const RefLibrary& lib : kRefLibraries)
+        if (key != nullptr && std::strcmp(key, lib.key) == 0) return lib;
+    return kRefLibraries[0];
+}
+
+const char* ref_name() { return ref_library().name; }
+
 void RefBlas::set_threads(int n) const
 {
     if (set_num_threads != nullptr) set_num_threads(n);
+    if (set_num_threads_dim != nullptr) set_num_threads_dim(n);
 }
 
 std::string RefBlas::describe() const
 {
-    if (!loaded()) return std::string(kRefName) + ": not loaded";
-    std::string text = std::string(kRefName) + " from " + kRefPath;
+    if (!loaded()) return std::string(ref_name()) + ": not loaded";
+    std::string text = std::string(ref_name()) + " from " + ref_library().path;
     if (get_corename != nullptr) text += ", core " + std::string(get_corename());
     if (get_config != nullptr) text += ", config \"" + std::string(get_config()) + "\"";
     return text;
@@ -55,12 +66,13 @@ const RefBlas& load_ref(int max_threads)
     if (tried) return ref;
     tried = true;
 
-    if (std::getenv("OPENBLAS_NUM_THREADS") == nullptr) {
-        setenv("OPENBLAS_NUM_THREADS", std::to_string(max_threads).c_str(), 1);
+    const RefLibrary& lib = ref_library();
+    if (std::getenv(lib.threads_variable) == nullptr) {
+        setenv(lib.threads_variable, std::to_string(max_threads).c_str(), 1);
     }
-    void* handle = dlopen(kRefPath, RTLD_NOW | RTLD_LOCAL);
+    void* handle = dlopen(lib.path, RTLD_NOW | RTLD_LOCAL);
     if (handle == nullptr) {
-        std::printf("%s not available (%s): its rows are skipped\n", kRefPath, dlerror());
+        std::printf("%s not available (%s): its rows are skipped\n", lib.path, dlerror());
         return ref;
     }
     RefBlas r;
@@ -108,7 +120,12 @@ const RefBlas& load_ref(int max_threads)
     ok &= resolve(handle, "dsymm_", &r.dsymm, true);
     ok &= resolve(handle, "zsymm_", &r.zsymm, true);
     ok &= resolve(handle, "zhemm_", &r.zhemm, true);
-    ok &= resolve(handle, "openblas_set_num_threads", &r.set_num_threads, true);
+    resolve(handle, "openblas_set_num_threads", &r.set_num_threads, false);
+    resolve(handle, "bli_thread_set_num_threads", &r.set_num_threads_dim, false);
+    if (r.set_num_threads == nullptr && r.set_num_threads_dim == nullptr) {
+        std::printf("%s: no thread-count setter; its rows are skipped\n", lib.name);
+        ok = false;
+    }
     resolve(handle, "openblas_get_corename", &r.get_corename, false);
     resolve(handle, "openblas_get_config", &r.get_config, false);
     if (!ok) {

@@ -17,8 +17,21 @@ namespace bench {
 // ---------------------------------------------------------------------------
 // Comparison library, loaded with dlopen, never linked.
 
-inline constexpr const char* kRefPath = "/usr/lib/x86_64-linux-gnu/openblas-pthread/libopenblas.so.0";
-inline constexpr const char* kRefName = "OpenBLAS";
+// The libraries a run can be compared with; BENCH_COMPARE names one by its
+// key (default: the first).
+struct RefLibrary {
+    const char* key;
+    const char* name;
+    const char* path;
+    const char* threads_variable;  // read when the library is loaded
+};
+inline constexpr RefLibrary kRefLibraries[] = {
+    {"openblas", "OpenBLAS", "/usr/lib/x86_64-linux-gnu/openblas-pthread/libopenblas.so.0", "OPENBLAS_NUM_THREADS"},
+    {"blis", "BLIS", "/usr/lib/x86_64-linux-gnu/blis-openmp/libblis.so.4", "BLIS_NUM_THREADS"},
+};
+// The library of this run, and its name for the tables.
+const RefLibrary& ref_library();
+const char* ref_name();
 
 // Two doubles returned in registers: the gfortran convention of the complex
 // dot functions in the comparison library.
@@ -106,7 +119,8 @@ struct RefBlas {
                   const void*, const int*, const void*, void*, const int*) = nullptr;
     void (*zhemm)(const char*, const char*, const int*, const int*, const void*, const void*, const int*,
                   const void*, const int*, const void*, void*, const int*) = nullptr;
-    void (*set_num_threads)(int) = nullptr;
+    void (*set_num_threads)(int) = nullptr;     // one library's setter takes an int,
+    void (*set_num_threads_dim)(long) = nullptr;  // the other's a 64-bit count
     char* (*get_corename)() = nullptr;
     char* (*get_config)() = nullptr;
 
@@ -115,9 +129,9 @@ struct RefBlas {
     std::string describe() const;
 };
 
-// Loads the comparison library once. Before loading, OPENBLAS_NUM_THREADS is
-// set to max_threads unless the caller's environment already sets it (the
-// library sizes its thread pool when it is loaded). When the file is absent
+// Loads the comparison library once. Before loading, its thread-count
+// variable is set to max_threads unless the caller's environment already sets
+// it (the library sizes its thread pool when it is loaded). When the file is absent
 // or a symbol is missing, prints why and returns an unloaded record: the
 // programs then skip the comparison rows.
 const RefBlas& load_ref(int max_threads);

@@ -132,12 +132,12 @@ void check_agreement(const std::vector<std::string>& trans, const RefBlas& ref)
                 scale = std::max(scale, std::fabs(y.c[i]));
             }
             if (!(diff <= 1e-12 * (scale + 1.0) * static_cast<double>(cs.k))) {
-                std::printf("check: dgemm %s differs from %s by %.3g\n", cs.label().c_str(), bench::kRefName, diff);
+                std::printf("check: dgemm %s differs from %s by %.3g\n", cs.label().c_str(), bench::ref_name(), diff);
                 ++bad;
             }
         }
     }
-    if (bad == 0) std::printf("check: dgemm agrees with %s for every transpose\n", bench::kRefName);
+    if (bad == 0) std::printf("check: dgemm agrees with %s for every transpose\n", bench::ref_name());
 }
 
 std::string summary(const bench::CollectingReporter& rep, const std::vector<Case>& cases, const std::string& peak,
@@ -146,8 +146,8 @@ std::string summary(const bench::CollectingReporter& rep, const std::vector<Case
     std::ostringstream out;
     double peak_rate = 0;
     out << bench::peak_header(rep, peak, path, threads, &peak_rate);
-    out << "\n| trans | m x n x k | ORV GFLOP/s | % of peak | " << bench::kRefName << " GFLOP/s | ORV/"
-        << bench::kRefName << " | target |\n";
+    out << "\n| trans | m x n x k | ORV GFLOP/s | % of peak | " << bench::ref_name() << " GFLOP/s | ORV/"
+        << bench::ref_name() << " | target |\n";
     out << "|---|---|---:|---:|---:|---:|---|\n";
     for (const Case& c : cases) {
         const bench::Result* o = rep.find(row_name(c, "orv"));

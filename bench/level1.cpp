@@ -225,18 +225,18 @@ void check_agreement(const std::vector<Routine>& routines, const RefBlas& ref)
             }
         }
         if (!(std::fabs(a - b) <= 1e-12 * (std::fabs(a) + std::fabs(b)) + 1e-12)) {
-            std::printf("check: %s differs between ORV (%.17g) and %s (%.17g)\n", r.name, a, bench::kRefName, b);
+            std::printf("check: %s differs between ORV (%.17g) and %s (%.17g)\n", r.name, a, bench::ref_name(), b);
             ++bad;
         }
     }
-    if (bad == 0) std::printf("check: every routine agrees with %s on n = %d\n", bench::kRefName, n);
+    if (bad == 0) std::printf("check: every routine agrees with %s on n = %d\n", bench::ref_name(), n);
 }
 
 std::string summary(const bench::CollectingReporter& rep, const std::vector<Routine>& routines,
                     const std::vector<long>& sizes, const std::vector<int>& threads, bool have_ref)
 {
     std::ostringstream out;
-    out << "| routine | n | threads | ORV GB/s | " << bench::kRefName << " GB/s | ORV/" << bench::kRefName
+    out << "| routine | n | threads | ORV GB/s | " << bench::ref_name() << " GB/s | ORV/" << bench::ref_name()
         << " | stream loop | stream GB/s | ORV/stream | target |\n";
     out << "|---|---:|---:|---:|---:|---:|---|---:|---:|---|\n";
     auto rate = [&rep](const std::string& name) -> const bench::Result* {

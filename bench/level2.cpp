@@ -321,11 +321,11 @@ void check_agreement(const std::vector<Routine>& routines, const std::vector<lon
                 size = std::max(size, std::fabs(out2[i]));
             }
             if (!(diff <= 1e-13 * (size + 1.0))) {
-                std::printf("check: %s inc %ld differs from %s by %.3g\n", r.name, inc, bench::kRefName, diff);
+                std::printf("check: %s inc %ld differs from %s by %.3g\n", r.name, inc, bench::ref_name(), diff);
                 ++bad;
             }
         }
-    if (bad == 0) std::printf("check: every routine agrees with %s on n = %d\n", bench::kRefName, n);
+    if (bad == 0) std::printf("check: every routine agrees with %s on n = %d\n", bench::ref_name(), n);
 }
 
 std::string summary(const bench::CollectingReporter& rep, const std::vector<Routine>& routines,
@@ -333,7 +333,7 @@ std::string summary(const bench::CollectingReporter& rep, const std::vector<Rout
                     bool have_ref)
 {
     std::ostringstream out;
-    out << "| routine | n | inc | threads | ORV GFLOP/s | " << bench::kRefName << " GFLOP/s | ORV/" << bench::kRefName
+    out << "| routine | n | inc | threads | ORV GFLOP/s | " << bench::ref_name() << " GFLOP/s | ORV/" << bench::ref_name()
         << " | ORV GB/s of A | stream read GB/s | ORV/stream | target |\n";
     out << "|---|---:|---:|---:|---:|---:|---:|---:|---:|---:|---|\n";
     auto best = [&rep](const std::string& name, const char* counter) -> double {

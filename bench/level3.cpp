@@ -147,7 +147,7 @@ void check(const std::vector<Case>& sets, const RefBlas& ref)
             const double d = relative_difference(x.out, y.out, x.out_doubles);
             if (!(d <= tolerance)) {
                 std::printf("check: %s %s %ldx%ldx%ld differs from %s by %.3g (relative)\n", c.routine->name,
-                            c.options().c_str(), c.m, c.n, c.k, bench::kRefName, d);
+                            c.options().c_str(), c.m, c.n, c.k, bench::ref_name(), d);
                 ++bad;
             }
             if (c.routine->kind == l3::Kind::trsm || c.routine->kind == l3::Kind::trmm) {
@@ -162,7 +162,7 @@ void check(const std::vector<Case>& sets, const RefBlas& ref)
             }
         }
     }
-    if (bad == 0) std::printf("check: every routine agrees with %s for every option set\n", bench::kRefName);
+    if (bad == 0) std::printf("check: every routine agrees with %s for every option set\n", bench::ref_name());
 }
 
 // The targets of one thread: from n = 500 every routine at least 0.90 of ORV's
@@ -185,10 +185,10 @@ std::string summary(const bench::CollectingReporter& rep, const std::vector<Case
     out << bench::peak_header(rep, peak, path, threads, &peak_rate);
     out << "\nOptions: dgemm, zgemm transa,transb; trsm, trmm side,uplo,transa,diag; syrk, herk, syr2k, her2k "
            "uplo,trans; symm, hemm side,uplo. Complex routines count 8 flops per multiply-add. Target (one thread): "
-           "n >= 500 at least 0.90 of ORV's dgemm (zgemm 0.95) and 1.0x " << bench::kRefName
-        << "; n <= 64 1.0x " << bench::kRefName << ".\n";
-    out << "\n| routine | options | m = n = k | ORV GFLOP/s | % of peak | of ORV dgemm | " << bench::kRefName
-        << " GFLOP/s | ORV/" << bench::kRefName << " | target |\n";
+           "n >= 500 at least 0.90 of ORV's dgemm (zgemm 0.95) and 1.0x " << bench::ref_name()
+        << "; n <= 64 1.0x " << bench::ref_name() << ".\n";
+    out << "\n| routine | options | m = n = k | ORV GFLOP/s | % of peak | of ORV dgemm | " << bench::ref_name()
+        << " GFLOP/s | ORV/" << bench::ref_name() << " | target |\n";
     out << "|---|---|---:|---:|---:|---:|---:|---:|---|\n";
     auto rate = [&](const std::string& name) {
         const bench::Result* r = rep.find(name);

@@ -4,6 +4,12 @@
 #
 #   bench/run.sh [REPORT]        default REPORT: build/bench/results/performance.md
 #
+# Beside the report: one PNG per routine family (level 1, level 2, level 3 on
+# the default path), ORV's rate against n beside OpenBLAS's and BLIS's, drawn
+# by bench/plot.py from the runs' JSON (Debian's python3-matplotlib; BLIS is
+# Debian's libblis4-openmp, loaded at run time like OpenBLAS; both are
+# installed when missing).
+#
 # Environment: BUILD_DIR (default build/bench), JOBS (default 2),
 # MAX_CALL_SECONDS (default 20: a dgemm case predicted to take longer per call
 # is skipped and shown as skipped).
@@ -16,6 +22,7 @@ max_call=${MAX_CALL_SECONDS:-20}
 results=$build/results
 report=${1:-$results/performance.md}
 
+"$root/scripts/install-deps.sh" --bench
 cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
   -DORV_BUILD_TESTS=OFF -DORV_BUILD_EXAMPLES=OFF -DORV_BUILD_BENCH=ON >/dev/null
 cmake --build "$build" -j "$jobs" --target orv_bench_level1 orv_bench_level2 orv_bench_gemm orv_bench_level3 orvinfo >/dev/null
@@ -47,11 +54,12 @@ run() {
   local path_line
   path_line=$(env "${envs[@]}" "$orvinfo" | sed -n 's/^code path: *//p')
   echo "== $title" >&2
-  env "${envs[@]}" "$program" "$@" --summary_out="$results/$name.md" >"$results/$name.log" 2>&1
+  env "${envs[@]}" "$program" "$@" --summary_out="$results/$name.md" \
+    --benchmark_out="$results/$name.json" --benchmark_out_format=json >"$results/$name.log" 2>&1
   {
     echo "### $title"
     echo
-    echo "ORV code path (orvinfo): $path_line; $(grep -m1 '^OpenBLAS\|not available' "$results/$name.log" || true)"
+    echo "ORV code path (orvinfo): $path_line; $(grep -m1 '^\(OpenBLAS\|BLIS\) from\|not available' "$results/$name.log" || true)"
     echo
     echo '```'
     echo "${envs[*]:+${envs[*]} }bench/$(basename "$program") $*"
@@ -109,6 +117,13 @@ run level3_avx2 "Level 3, default path (avx2), 1 thread, OpenBLAS Haswell" OPENB
 run level3_avx512 "Level 3, path 7 (avx512), 1 thread, OpenBLAS SkylakeX" \
   ORV_DEBUG_CPU_TYPE=7 ORV_ENABLE_INSTRUCTIONS=AVX512 OPENBLAS_CORETYPE=SkylakeX \
   -- "$level3" --sizes=$l3_sizes --threads=1 "${l3_opts[@]}"
+# The same families against BLIS, for the plots.
+run l1_blis "Level 1, default path, 1 thread, BLIS" BENCH_COMPARE=blis \
+  -- "$level1" --sizes=$l1_sizes --threads=1 "${l1_opts[@]}"
+run l2_blis "Level 2, default path, 1 thread, BLIS" BENCH_COMPARE=blis \
+  -- "$level2" --routines=$l2_routines --sizes=$l2_sizes --incs=1 --threads=1 "${l2_opts[@]}"
+run level3_blis "Level 3, default path (avx2), 1 thread, BLIS" BENCH_COMPARE=blis \
+  -- "$level3" --sizes=$l3_sizes --threads=1 "${l3_opts[@]}"
 for path in 0 2 3 4 6; do
   run gemm_path$path "DGEMM n = 1000, forced path $path, 1 thread" \
     ORV_DEBUG_CPU_TYPE=$path OPENBLAS_CORETYPE=Haswell \
@@ -129,4 +144,13 @@ done
   cat "${sections[@]}"
 } >"$report"
 rm -f "$results"/*.section
+
+plot() {
+  local name=$1 title=$2 openblas=$3 blis=$4
+  python3 "$root/bench/plot.py" "$results/$name.png" "$title" \
+    "$results/$openblas.json:OpenBLAS" "$results/$blis.json:BLIS" && echo "plot: $results/$name.png" >&2
+}
+plot level1 "Level 1, one thread" l1_default l1_blis
+plot level2 "Level 2, one thread, unit increments" l2_default l2_blis
+plot level3 "Level 3, one thread, default path" level3_avx2 level3_blis
 echo "report: $report" >&2

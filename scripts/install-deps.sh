@@ -1,12 +1,15 @@
 #!/bin/sh
-# Installs the Debian packages the build, the tests and the benchmarks need,
-# only those that are missing. The client programs the tests run the library
-# under (numpy, Octave) come without the packages they merely recommend.
+# Installs the Debian packages the build and the tests need, only those that
+# are missing; with --bench also those only the benchmark script needs. The
+# programs the library runs under (numpy, Octave, MPI) come without the
+# packages they merely recommend.
+#   install-deps.sh [--bench]
 set -e
 packages="cmake ninja-build gcc g++ gfortran libgtest-dev googletest libbenchmark-dev libomp-14-dev
   g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix gfortran-mingw-w64-x86-64-posix
   binutils-mingw-w64-x86-64 wine wine64 libblas-test liblapack-test python3 libopenblas0-pthread pkg-config"
 clients="python3-numpy octave libscalapack-openmpi-dev openmpi-bin"
+[ "${1:-}" = --bench ] && clients="$clients libblis4-openmp python3-matplotlib"
 
 missing_of() {
   for p in "$@"; do
