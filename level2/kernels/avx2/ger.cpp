@@ -1,6 +1,7 @@
 // Rank-1 update kernels: the avx2 code path's instance of the shared kernels.
 #include "level1/kernels.h"
 #include "level2/kernels.h"
+#include "service/memory.h"
 
 namespace orv::avx2 {
 

@@ -2,6 +2,7 @@
 // kernels, which the reproducible build shares.
 #include "level1/kernels.h"
 #include "level2/kernels.h"
+#include "service/memory.h"
 
 namespace orv::def {
 
