@@ -11,6 +11,15 @@ if(CMAKE_BUILD_TYPE STREQUAL "Release")
   list(APPEND ORV_LIBRARY_FLAGS -O2)
 endif()
 
+# Checking builds (scripts/sanitize.sh): every target compiled and linked
+# with the named sanitizers, for instance "address,undefined". A finding
+# stops the program.
+set(ORV_SANITIZE "" CACHE STRING "Sanitizers for a checking build (-fsanitize=...), empty for none")
+if(ORV_SANITIZE)
+  add_compile_options(-fsanitize=${ORV_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -g)
+  add_link_options(-fsanitize=${ORV_SANITIZE})
+endif()
+
 # Instruction-set flags of each code path. A source file under a folder named
 # after a path (level1/kernels/avx2/, level3/kernels/avx512/, ...) is compiled
 # with that path's flags and must keep everything it defines in the path's
