@@ -73,7 +73,7 @@ def add(best, runs, unit, names):
         panel, n, side = key
         lib = names[side]
         if lib is not None:
-            best[panel][lib][n] = max(best[panel][lib].get(n, 0.0), r[unit] / 1e9)
+            best[panel][lib][n] = max(best[panel][lib].get(n, 0.0), r[unit])
 
 
 def first_variants(best):

@@ -147,7 +147,7 @@ rm -f "$results"/*.section
 
 plot() {
   local name=$1 title=$2 openblas=$3 blis=$4
-  python3 "$root/bench/plot.py" "$results/$name.png" "$title" \
+  /usr/bin/python3 "$root/bench/plot.py" "$results/$name.png" "$title" \
     "$results/$openblas.json:OpenBLAS" "$results/$blis.json:BLIS" && echo "plot: $results/$name.png" >&2
 }
 plot level1 "Level 1, one thread" l1_default l1_blis
