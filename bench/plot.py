@@ -112,7 +112,7 @@ def main():
     for ax in list(axes.flat)[len(panels):]:
         ax.axis("off")
     fig.suptitle(title)
-    fig.tight_layout()
+    fig.tight_layout(rect=(0, 0, 1, 0.97))
     fig.savefig(out, dpi=80)
 
 
