@@ -61,7 +61,7 @@ using Prepare = void (*)(Mat<T>& a, Mat<T>& b, Mat<T>& c, Rng& rng);
 template <typename T>
 ::testing::AssertionResult run_prepared_case(const GemmCase<T>& t, Prepare<T> prepare)
 {
-    Rng rng(t.m * 1000003 + t.n * 1009 + t.k * 17 + t.pad);
+    Rng rng(std::uint64_t(t.m) * 1000003 + std::uint64_t(t.n) * 1009 + std::uint64_t(t.k) * 17 + std::uint64_t(t.pad));
     const bool a_plain = std::toupper(t.ta) == 'N', b_plain = std::toupper(t.tb) == 'N';
     Mat<T> a(a_plain ? t.m : t.k, a_plain ? t.k : t.m, t.pad);
     Mat<T> b(b_plain ? t.k : t.n, b_plain ? t.n : t.k, t.pad + 1);
