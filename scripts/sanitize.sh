@@ -25,10 +25,12 @@ ASAN_OPTIONS=detect_leaks=1 LSAN_OPTIONS=suppressions=$root/scripts/lsan.supp UB
 
 echo "== valgrind"
 bin=$root/build/linux/bin
+# Under valgrind the norms of values near 2^1000 come out as 0 (on the
+# processor and under the sanitizers they are exact): that test is left out.
 for run in orv_test_interface orv_test_level1 orv_test_level2 orv_test_level3; do
   echo "-- $run on path 3"
   ORV_DEBUG_CPU_TYPE=3 valgrind -q --error-exitcode=1 --leak-check=full --errors-for-leak-kinds=definite \
     --show-possibly-lost=no \
-    "$bin/$run" --gtest_brief=1 || status=1
+    "$bin/$run" --gtest_brief=1 --gtest_filter=-Nrm2.AccurateAtEveryScale || status=1
 done
 exit $status
