@@ -8,7 +8,7 @@ set -e
 packages="cmake ninja-build gcc g++ gfortran libgtest-dev googletest libbenchmark-dev libomp-14-dev
   g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix gfortran-mingw-w64-x86-64-posix
   binutils-mingw-w64-x86-64 wine wine64 libblas-test liblapack-test python3 libopenblas0-pthread pkg-config"
-clients="python3-numpy octave libscalapack-openmpi-dev openmpi-bin"
+clients="python3-numpy octave libscalapack-openmpi-dev libopenmpi-dev openmpi-bin"
 [ "${1:-}" = --bench ] && clients="$clients libblis4-openmp python3-matplotlib"
 
 missing_of() {
